@@ -1,0 +1,48 @@
+// The failures of the library. Everything it raises derives from ormelix::Error,
+// except range failures of indexed properties, which are std::out_of_range.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace ormelix {
+
+class Error : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A statement, filter, field or file the store could not serve. Subject() is the
+// SQL text, filter text, field name or path that was being worked on;
+// BackendMessage() is what the backend said (may be empty for our own checks).
+class StoreError : public Error {
+ public:
+  StoreError(const std::string& what_failed, std::string subject, std::string backend_message = {});
+
+  const std::string& Subject() const noexcept { return subject_; }
+  const std::string& BackendMessage() const noexcept { return backend_message_; }
+
+ private:
+  std::string subject_;
+  std::string backend_message_;
+};
+
+// A failed lookup in a keyed collection, by key or by position.
+class KeyNotFound : public Error {
+ public:
+  KeyNotFound(std::string key, const std::string& collection);
+
+  const std::string& Key() const noexcept { return key_; }
+
+ private:
+  std::string key_;
+};
+
+// A value that cannot be turned into the wanted type (say, a text that is no
+// boolean where a boolean is read).
+class ConversionError : public Error {
+ public:
+  using Error::Error;
+};
+
+}  // namespace ormelix

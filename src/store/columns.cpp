@@ -1,0 +1,142 @@
+#include "ormelix/store/columns.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "ormelix/error.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/rounding_helpers.h"
+#include "ormelix/store/value_helpers.h"
+
+namespace ormelix {
+
+namespace {
+
+using namespace ValueHelpers;
+
+template <class... F>
+struct Overloaded : F... {
+  using F::operator()...;
+};
+template <class... F>
+Overloaded(F...) -> Overloaded<F...>;
+
+[[noreturn]] void WrongTarget(const char* what) {
+  throw ConversionError(std::string("a column declaration reads ") + what + " into a property of another type");
+}
+
+void AssignNumber(PropertyRef into, double value) {
+  std::visit(Overloaded{[&](std::string* p) { *p = ToText(Variant(value)); },
+                        [&](bool* p) { *p = value != 0; },
+                        [&](std::int16_t* p) { *p = AmountToInteger(value); },
+                        [&](std::int32_t* p) { *p = ToLong(Variant(value)); },
+                        [&](float* p) { *p = static_cast<float>(value); },
+                        [&](double* p) { *p = value; },
+                        [&](Variant* p) { *p = Variant(value); }},
+             into);
+}
+
+void AssignFlag(PropertyRef into, bool value) {
+  std::visit(Overloaded{[&](std::string*) { WrongTarget("a flag"); },
+                        [&](bool* p) { *p = value; },
+                        [&](std::int16_t* p) { *p = value ? -1 : 0; },
+                        [&](std::int32_t* p) { *p = value ? -1 : 0; },
+                        [&](float* p) { *p = value ? -1.0f : 0.0f; },
+                        [&](double* p) { *p = value ? -1.0 : 0.0; },
+                        [&](Variant* p) { *p = Variant(value); }},
+             into);
+}
+
+void AssignText(PropertyRef into, std::string value) {
+  std::visit(Overloaded{[&](std::string* p) { *p = std::move(value); },
+                        [&](Variant* p) { *p = Variant(std::move(value)); },
+                        [&](auto*) { WrongTarget("a text"); }},
+             into);
+}
+
+// The double a single stands for: its shortest decimal form read as a double, so
+// that 0.1f is written as 0.1 and reads back as 0.1f.
+double SingleAsDouble(float value) {
+  char buffer[32];
+  auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
+  double result = value;
+  if (ec == std::errc()) std::from_chars(buffer, end, result);
+  return result;
+}
+
+Variant PlainValue(PropertyRef from) {
+  return std::visit(Overloaded{[](std::string* p) { return Variant(*p); },
+                               [](bool* p) { return Variant(*p); },
+                               [](std::int16_t* p) { return Variant(*p); },
+                               [](std::int32_t* p) { return Variant(*p); },
+                               [](float* p) { return Variant(SingleAsDouble(*p)); },
+                               [](double* p) { return Variant(*p); },
+                               [](Variant* p) { return *p; }},
+                    from);
+}
+
+double Rounded(PropertyRef from, int digits) {
+  if (auto* single = std::get_if<float*>(&from)) return RoundingHelpers::RoundTo(**single, digits);
+  return RoundingHelpers::RoundTo(PlainValue(from), digits);
+}
+
+}  // namespace
+
+void LoadProperty(const Field& field, LoadAs how, PropertyRef into) {
+  switch (how) {
+    case LoadAs::None:
+      return;
+    case LoadAs::Text:
+      return AssignText(into, ToText(field));
+    case LoadAs::Flag:
+      return AssignFlag(into, ToFlag(field));
+    case LoadAs::Long:
+      return AssignNumber(into, ToLong(field));
+    case LoadAs::Integer:
+      return AssignNumber(into, ToInteger(field));
+    case LoadAs::Single:
+      return AssignNumber(into, ToSingle(field));
+    case LoadAs::Amount:
+      return AssignNumber(into, ToAmount(field));
+    case LoadAs::Date:
+      return AssignNumber(into, ToDate(field));
+    case LoadAs::Round2:
+      return AssignNumber(into, RoundingHelpers::RoundTo(field, 2));
+    case LoadAs::Round4:
+      return AssignNumber(into, RoundingHelpers::RoundTo(field, 4));
+    case LoadAs::AsVariant:
+      if (auto* target = std::get_if<Variant*>(&into)) {
+        **target = ToVariantValue(field);
+        return;
+      }
+      WrongTarget("a variant");
+  }
+}
+
+Variant SaveProperty(PropertyRef from, SaveAs how) {
+  switch (how) {
+    case SaveAs::None:
+      return {};
+    case SaveAs::Direct:
+      return PlainValue(from);
+    case SaveAs::Round2:
+      return Variant(Rounded(from, 2));
+    case SaveAs::Round3:
+      return Variant(Rounded(from, 3));
+    case SaveAs::Flag:
+      return Variant(ToFlag(PlainValue(from)));
+    case SaveAs::Integer:
+      return Variant(ToInteger(PlainValue(from)));
+    case SaveAs::Date:
+      return Variant(ToDate(PlainValue(from)));
+    case SaveAs::SqlID:
+      return Variant(SqlID(ToText(PlainValue(from))));
+    case SaveAs::IDOrNull: {
+      Variant value = PlainValue(from);
+      return DateHelpers::IsID(value) ? value : Variant::NullValue();
+    }
+  }
+  return {};
+}
+
+}  // namespace ormelix

@@ -1,0 +1,445 @@
+#include "ormelix/store/recordset.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+
+#include "backend.h"
+#include "filter.h"
+#include "ormelix/error.h"
+#include "ormelix/text.h"
+
+namespace ormelix {
+
+using detail::ColumnInfo;
+using detail::CompareOp;
+using detail::FilterNode;
+
+namespace {
+
+using RowList = std::vector<std::uint32_t>;
+
+// Rows of one column by value, so that an equality term of a filter costs a hash
+// lookup instead of a scan. Lists are ascending, as rows are indexed in order.
+struct ColumnIndex {
+  std::unordered_map<double, RowList> by_number;       // cells that are numbers
+  std::unordered_map<std::string, RowList> by_text;    // cells that are texts
+  std::unordered_map<double, RowList> by_number_text;  // texts that read as numbers
+
+  void Add(const Variant& cell, std::uint32_t row) {
+    double number = 0;
+    if (cell.IsText()) {
+      by_text[cell.AsText()].push_back(row);
+      if (ParseNumber(cell.AsText(), number)) by_number_text[number].push_back(row);
+    } else if (cell.TryNumber(number)) {
+      by_number[number].push_back(row);
+    }
+  }
+
+  static const RowList* Find(const auto& map, const auto& key) {
+    auto found = map.find(key);
+    return found == map.end() ? nullptr : &found->second;
+  }
+
+  // The rows whose cell equals the literal, in ascending order.
+  RowList Lookup(const Variant& literal) const {
+    const RowList* first = nullptr;
+    const RowList* second = nullptr;
+    double number = 0;
+    if (literal.IsText()) {
+      first = Find(by_text, literal.AsText());
+      if (ParseNumber(literal.AsText(), number)) second = Find(by_number, number);
+    } else if (literal.TryNumber(number)) {
+      first = Find(by_number, number);
+      second = Find(by_number_text, number);
+    }
+    if (!first && !second) return {};
+    if (!second) return *first;
+    if (!first) return *second;
+    RowList merged;
+    std::set_union(first->begin(), first->end(), second->begin(), second->end(), std::back_inserter(merged));
+    return merged;
+  }
+};
+
+}  // namespace
+
+struct Recordset::Impl {
+  std::shared_ptr<detail::Backend> backend;
+  std::string sql;
+  CursorTypeEnum cursor;
+  LockTypeEnum lock;
+  bool open = true;
+
+  std::vector<ColumnInfo> columns;
+  std::vector<Variant> cells;  // row-major
+  std::vector<char> deleted;
+  std::unordered_map<std::string, int> by_name;       // folded name -> column, -2 if ambiguous
+  std::unordered_map<std::string, int> by_qualified;  // folded "table.column" -> column
+  std::string base_table;
+  int key_column = -1;
+
+  std::string filter_text;
+  std::optional<FilterNode> filter;
+  RowList view;
+  long pos = 0;  // -1 before the first row, view.size() after the last
+
+  enum Mode { None, Editing, Adding } mode = None;
+  std::vector<Variant> edit_row;
+  std::vector<char> dirty;
+
+  mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
+
+  std::size_t Width() const { return columns.size(); }
+  std::size_t RowCount() const { return Width() ? cells.size() / Width() : 0; }
+
+  [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
+    throw StoreError(what, sql, detail);
+  }
+
+  void RequireOpen() const {
+    if (!open) Fail("the recordset is closed");
+  }
+
+  void Load(detail::QueryResult result) {
+    columns = std::move(result.columns);
+    cells = std::move(result.cells);
+    deleted.assign(RowCount(), 0);
+    indexes.clear();
+    indexes.resize(Width());
+    by_name.clear();
+    by_qualified.clear();
+    for (int i = 0; i < static_cast<int>(Width()); ++i) {
+      std::string folded = FoldCase(columns[i].name);
+      auto [it, inserted] = by_name.emplace(folded, i);
+      if (!inserted) it->second = -2;
+      if (!columns[i].table.empty()) by_qualified.emplace(FoldCase(columns[i].table) + "." + folded, i);
+    }
+    key_column = -1;
+    if (!base_table.empty()) {
+      auto found = by_name.find(FoldCase(detail::kRowKeyColumn));
+      if (found != by_name.end()) key_column = found->second;
+    }
+  }
+
+  int Lookup(std::string_view name) const {
+    std::string folded = FoldCase(name);
+    auto found = by_name.find(folded);
+    if (found != by_name.end()) return found->second;
+    auto qualified = by_qualified.find(folded);
+    if (qualified != by_qualified.end()) return qualified->second;
+    return -1;
+  }
+
+  int Resolve(std::string_view name) const {
+    int column = Lookup(name);
+    if (column == -2)
+      throw StoreError("ambiguous field name", std::string(name),
+                       "more than one column is called so in: " + sql + "; name it as table.column");
+    if (column < 0) throw StoreError("unknown field name", std::string(name), "no such column in: " + sql);
+    return column;
+  }
+
+  bool HasRow() const { return mode == Adding || (pos >= 0 && pos < static_cast<long>(view.size())); }
+
+  const Variant* Cell(int column) const {
+    if (mode != None) return &edit_row[column];
+    if (pos < 0 || pos >= static_cast<long>(view.size())) return nullptr;
+    return &cells[static_cast<std::size_t>(view[pos]) * Width() + column];
+  }
+
+  const ColumnIndex& IndexOf(int column) const {
+    if (!indexes[column]) {
+      auto index = std::make_unique<ColumnIndex>();
+      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(cells[row * Width() + column], row);
+      indexes[column] = std::move(index);
+    }
+    return *indexes[column];
+  }
+
+  // Rows that may match: those of the most selective equality term, or all.
+  std::optional<RowList> Candidates(const FilterNode& node) const {
+    std::vector<const FilterNode*> terms;
+    if (node.kind == FilterNode::Term) terms.push_back(&node);
+    if (node.kind == FilterNode::And)
+      for (const FilterNode& child : node.children)
+        if (child.kind == FilterNode::Term) terms.push_back(&child);
+    std::optional<RowList> best;
+    for (const FilterNode* term : terms) {
+      if (term->op != CompareOp::Eq || term->literal.IsNull()) continue;
+      RowList rows = IndexOf(term->column).Lookup(term->literal);
+      if (!best || rows.size() < best->size()) best = std::move(rows);
+      if (best->empty()) break;
+    }
+    return best;
+  }
+
+  void ApplyFilter() {
+    view.clear();
+    if (!filter) {
+      view.reserve(RowCount());
+      for (std::uint32_t row = 0; row < RowCount(); ++row)
+        if (!deleted[row]) view.push_back(row);
+    } else if (auto candidates = Candidates(*filter)) {
+      for (std::uint32_t row : *candidates)
+        if (!deleted[row] && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+    } else {
+      for (std::uint32_t row = 0; row < RowCount(); ++row)
+        if (!deleted[row] && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+    }
+    pos = 0;
+  }
+
+  FilterNode Parse(std::string_view criteria) const {
+    return detail::ParseFilter(criteria, [this](std::string_view name) {
+      int column = Lookup(name);
+      if (column == -2)
+        throw StoreError("cannot parse filter", std::string(name), "the field name is ambiguous in: " + sql);
+      return column;
+    });
+  }
+
+  void RequireWritable() const {
+    if (lock == adLockReadOnly) Fail("the recordset is read-only", "it was opened with a read-only lock");
+    if (base_table.empty() || key_column < 0)
+      Fail("the recordset cannot be written", "only SELECT * FROM one table with a Nr column can be written");
+    if (!backend->IsOpen()) Fail("the store is closed");
+  }
+
+  void FlushPending() {
+    if (mode != None) Save();
+  }
+
+  void Save() {
+    std::vector<std::string> names;
+    std::vector<Variant> values;
+    for (std::size_t i = 0; i < Width(); ++i) {
+      if (!dirty[i]) continue;
+      names.push_back(columns[i].name);
+      values.push_back(edit_row[i]);
+    }
+    if (mode == Adding) {
+      detail::QueryResult stored = backend->InsertRow(base_table, names, values);
+      std::vector<Variant> row(Width(), Variant::NullValue());
+      if (!stored.cells.empty()) {
+        for (std::size_t i = 0; i < stored.columns.size(); ++i) {
+          auto found = by_name.find(FoldCase(stored.columns[i].name));
+          if (found != by_name.end() && found->second >= 0) row[found->second] = stored.cells[i];
+        }
+      }
+      auto new_row = static_cast<std::uint32_t>(RowCount());
+      cells.insert(cells.end(), row.begin(), row.end());
+      deleted.push_back(0);
+      for (std::size_t i = 0; i < Width(); ++i)
+        if (indexes[i]) indexes[i]->Add(cells[new_row * Width() + i], new_row);
+      view.push_back(new_row);
+      pos = static_cast<long>(view.size()) - 1;
+    } else if (!names.empty()) {
+      std::uint32_t row = view[pos];
+      backend->UpdateRow(base_table, cells[row * Width() + key_column], names, values);
+      for (std::size_t i = 0; i < Width(); ++i) {
+        if (!dirty[i]) continue;
+        cells[row * Width() + i] = backend->Normalize(edit_row[i], columns[i].affinity);
+        indexes[i].reset();
+      }
+    }
+    mode = None;
+  }
+};
+
+// ----- Field -----
+
+bool Field::HasCurrentRow() const { return recordset_->CurrentCell(column_) != nullptr; }
+
+Variant Field::Value() const {
+  const Variant* cell = recordset_->CurrentCell(column_);
+  if (!cell)
+    throw StoreError("no current row to read", Name(), "the recordset is at EOF or BOF: " + recordset_->Sql());
+  return *cell;
+}
+
+Variant Field::ValueOrEmpty() const {
+  const Variant* cell = recordset_->CurrentCell(column_);
+  return cell ? *cell : Variant();
+}
+
+const std::string& Field::Name() const { return recordset_->FieldName(column_); }
+
+// ----- Recordset -----
+
+Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, CursorTypeEnum cursor,
+                     LockTypeEnum lock)
+    : impl_(std::make_unique<Impl>()) {
+  impl_->backend = std::move(backend);
+  impl_->sql = std::move(sql);
+  impl_->cursor = cursor;
+  impl_->lock = lock;
+  impl_->base_table = impl_->backend->Translate(impl_->sql).base_table;
+  impl_->Load(impl_->backend->Query(impl_->sql));
+  impl_->ApplyFilter();
+}
+
+Recordset::~Recordset() = default;
+
+bool Recordset::Eof() const {
+  if (impl_->mode == Impl::Adding) return false;
+  return impl_->pos >= static_cast<long>(impl_->view.size()) || impl_->view.empty();
+}
+
+bool Recordset::Bof() const {
+  if (impl_->mode == Impl::Adding) return false;
+  return impl_->pos < 0 || impl_->view.empty();
+}
+
+void Recordset::MoveNext() {
+  impl_->RequireOpen();
+  impl_->FlushPending();
+  if (Eof()) impl_->Fail("cannot move past the end", "the recordset is at EOF");
+  ++impl_->pos;
+}
+
+void Recordset::MovePrevious() {
+  impl_->RequireOpen();
+  impl_->FlushPending();
+  if (Bof()) impl_->Fail("cannot move before the start", "the recordset is at BOF");
+  --impl_->pos;
+}
+
+void Recordset::MoveFirst() {
+  impl_->RequireOpen();
+  impl_->FlushPending();
+  impl_->pos = 0;
+}
+
+void Recordset::MoveLast() {
+  impl_->RequireOpen();
+  impl_->FlushPending();
+  impl_->pos = impl_->view.empty() ? 0 : static_cast<long>(impl_->view.size()) - 1;
+}
+
+long Recordset::RecordCount() const { return static_cast<long>(impl_->view.size()); }
+
+Field Recordset::Fields(std::string_view name) const { return Field(this, impl_->Resolve(name)); }
+
+int Recordset::FieldIndex(std::string_view name) const { return impl_->Resolve(name); }
+
+int Recordset::FindFieldIndex(std::string_view name) const {
+  int column = impl_->Lookup(name);
+  return column < 0 ? -1 : column;
+}
+
+int Recordset::FieldCount() const { return static_cast<int>(impl_->Width()); }
+
+const std::string& Recordset::FieldName(int index) const { return impl_->columns.at(index).name; }
+
+const Variant* Recordset::CurrentCell(int column) const { return impl_->Cell(column); }
+
+void Recordset::Collect(std::string_view name, const Variant& value) { Collect(impl_->Resolve(name), value); }
+
+void Recordset::Collect(int index, const Variant& value) {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.RequireWritable();
+  if (index < 0 || index >= static_cast<int>(d.Width())) d.Fail("no such column", std::to_string(index));
+  if (index == d.key_column)
+    throw StoreError("the column is filled by the store", d.columns[index].name, "it cannot be written: " + d.sql);
+  if (d.mode == Impl::None) {
+    if (!d.HasRow()) d.Fail("no current row to write", "the recordset is at EOF or BOF; call AddNew first");
+    std::uint32_t row = d.view[d.pos];
+    d.edit_row.assign(d.cells.begin() + row * d.Width(), d.cells.begin() + (row + 1) * d.Width());
+    d.dirty.assign(d.Width(), 0);
+    d.mode = Impl::Editing;
+  }
+  d.edit_row[index] = value.kind() == Variant::Boolean ? Variant(static_cast<std::int64_t>(value.AsBool() ? -1 : 0))
+                                                       : (value.IsEmpty() ? Variant::NullValue() : value);
+  d.dirty[index] = 1;
+}
+
+void Recordset::AddNew() {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.RequireWritable();
+  d.FlushPending();
+  d.edit_row.assign(d.Width(), Variant::NullValue());
+  d.dirty.assign(d.Width(), 0);
+  d.mode = Impl::Adding;
+}
+
+void Recordset::Update() {
+  impl_->RequireOpen();
+  if (impl_->mode == Impl::None) return;
+  impl_->RequireWritable();
+  impl_->Save();
+}
+
+void Recordset::Delete() {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.RequireWritable();
+  if (d.mode == Impl::Adding) {  // a row not yet stored: just drop it
+    d.mode = Impl::None;
+    return;
+  }
+  d.mode = Impl::None;
+  if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
+  std::uint32_t row = d.view[d.pos];
+  d.backend->DeleteRow(d.base_table, d.cells[row * d.Width() + d.key_column]);
+  d.deleted[row] = 1;
+  d.view.erase(d.view.begin() + d.pos);
+}
+
+void Recordset::Filter(std::string_view criteria) {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.FlushPending();
+  if (TrimBlanks(criteria).empty()) {
+    d.filter.reset();
+    d.filter_text.clear();
+  } else {
+    d.filter = d.Parse(criteria);
+    d.filter_text = std::string(criteria);
+  }
+  d.ApplyFilter();
+}
+
+const std::string& Recordset::Filter() const { return impl_->filter_text; }
+
+void Recordset::Find(std::string_view criteria) {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.FlushPending();
+  FilterNode node = d.Parse(criteria);
+  long start = std::max(d.pos, 0L);
+  for (long i = start; i < static_cast<long>(d.view.size()); ++i) {
+    if (detail::Evaluate(node, &d.cells[static_cast<std::size_t>(d.view[i]) * d.Width()])) {
+      d.pos = i;
+      return;
+    }
+  }
+  d.pos = static_cast<long>(d.view.size());
+}
+
+void Recordset::Requery() {
+  Impl& d = *impl_;
+  d.RequireOpen();
+  d.FlushPending();
+  d.Load(d.backend->Query(d.sql));
+  if (d.filter) d.filter = d.Parse(d.filter_text);
+  d.ApplyFilter();
+}
+
+void Recordset::Close() {
+  if (!impl_->open) return;
+  impl_->FlushPending();
+  impl_->open = false;
+  impl_->cells.clear();
+  impl_->cells.shrink_to_fit();
+  impl_->view.clear();
+  impl_->indexes.clear();
+}
+
+bool Recordset::IsOpen() const { return impl_->open; }
+
+const std::string& Recordset::Sql() const { return impl_->sql; }
+
+}  // namespace ormelix

@@ -1,0 +1,172 @@
+#include "ormelix/store/schema.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+#include "backend.h"
+#include "ormelix/error.h"
+#include "ormelix/text.h"
+
+namespace ormelix {
+
+namespace detail {
+extern const char* const kPayrollTables;
+extern const char* const kReferenceTables;
+}  // namespace detail
+
+namespace {
+
+std::vector<std::string> Words(const std::string& line) {
+  std::vector<std::string> words;
+  std::istringstream in(line);
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+std::vector<SchemaTable> ParseTables(const char* source, const char* file) {
+  std::vector<SchemaTable> tables;
+  std::istringstream in(source);
+  int number = 0;
+  auto fail = [&](const std::string& why) {
+    throw Error(std::string("schema ") + file + " line " + std::to_string(number) + ": " + why);
+  };
+  for (std::string line; std::getline(in, line);) {
+    ++number;
+    if (auto hash = line.find('#'); hash != std::string::npos) line.erase(hash);
+    std::vector<std::string> words = Words(line);
+    if (words.empty()) continue;
+    if (words[0] == "table") {
+      if (words.size() < 2) fail("table without a name");
+      SchemaTable table;
+      table.name = words[1];
+      table.keyed = !(words.size() > 2 && words[2] == "nokey");
+      tables.push_back(std::move(table));
+    } else if (words[0] == "index") {
+      std::string rest = line.substr(line.find("index") + 5);
+      std::size_t open = rest.find('('), close = rest.find(')');
+      if (open == std::string::npos || close == std::string::npos) fail("index needs (columns)");
+      std::string name(TrimBlanks(rest.substr(0, open)));
+      auto table = std::find_if(tables.begin(), tables.end(), [&](const SchemaTable& t) { return t.name == name; });
+      if (table == tables.end()) fail("index of an unknown table " + name);
+      std::vector<std::string> columns;
+      std::istringstream list(rest.substr(open + 1, close - open - 1));
+      for (std::string column; std::getline(list, column, ',');) columns.emplace_back(TrimBlanks(column));
+      table->indexes.push_back(std::move(columns));
+    } else {
+      if (tables.empty()) fail("column outside a table");
+      if (words.size() < 2) fail("column without a type");
+      SchemaColumn column;
+      column.name = words[0];
+      column.type = words[1];
+      static const char* const kTypes[] = {"text", "bool", "int16", "int32", "double", "date", "any"};
+      if (std::find(std::begin(kTypes), std::end(kTypes), column.type) == std::end(kTypes))
+        fail("unknown type " + column.type);
+      bool numeric = column.type == "bool" || column.type == "int16" || column.type == "int32" ||
+                     column.type == "double";
+      if (numeric) column.default_value = "0";
+      for (std::size_t i = 2; i < words.size(); ++i) {
+        if (words[i] == "null") {
+          column.default_value.clear();
+        } else if (words[i] == "default" && i + 1 < words.size()) {
+          column.default_value = words[++i];
+        } else if (words[i] == "primary") {
+          column.primary = true;
+          column.default_value.clear();
+        } else if (words[i] == "->" && i + 1 < words.size()) {
+          column.references = words[++i];
+          column.default_value.clear();
+        } else if (words[i] == "cascade") {
+          column.cascade = true;
+        } else {
+          fail("unknown word " + words[i]);
+        }
+      }
+      tables.back().columns.push_back(std::move(column));
+    }
+  }
+  return tables;
+}
+
+std::string ColumnType(const std::string& type, bool postgres) {
+  static const std::map<std::string, std::pair<const char*, const char*>> kTypes = {
+      {"text", {"TEXT", "TEXT"}},         {"bool", {"BOOLEAN", "SMALLINT"}},
+      {"int16", {"SMALLINT", "SMALLINT"}}, {"int32", {"INTEGER", "INTEGER"}},
+      {"double", {"DOUBLE", "DOUBLE PRECISION"}}, {"date", {"DATE", "DOUBLE PRECISION"}},
+      {"any", {"", "TEXT"}}};
+  auto found = kTypes.find(type);
+  return postgres ? found->second.second : found->second.first;
+}
+
+std::string Quote(const std::string& name) { return detail::QuoteIdentifier(name); }
+
+const char* kSqliteGuid =
+    "('{' || hex(randomblob(4)) || '-' || hex(randomblob(2)) || '-' || hex(randomblob(2)) || '-' || "
+    "hex(randomblob(2)) || '-' || hex(randomblob(6)) || '}')";
+const char* kPostgresGuid = "('{' || upper(gen_random_uuid()::text) || '}')";
+
+}  // namespace
+
+const std::vector<SchemaTable>& SchemaTables(StoreKind kind) {
+  static const std::vector<SchemaTable> payroll = ParseTables(detail::kPayrollTables, "payroll.tables");
+  static const std::vector<SchemaTable> reference = ParseTables(detail::kReferenceTables, "reference.tables");
+  return kind == StoreKind::Payroll ? payroll : reference;
+}
+
+std::string SchemaDdl(StoreKind kind, std::string_view dialect) {
+  std::string folded = FoldCase(dialect);
+  bool postgres = folded == "postgresql" || folded == "postgres";
+  if (!postgres && folded != "sqlite") throw Error("no DDL for the dialect '" + std::string(dialect) + "'");
+  std::string ddl;
+  for (const SchemaTable& table : SchemaTables(kind)) {
+    std::vector<std::string> lines;
+    if (table.keyed) {
+      lines.push_back(postgres ? "  \"Nr\" BIGINT GENERATED BY DEFAULT AS IDENTITY PRIMARY KEY"
+                               : "  \"Nr\" INTEGER PRIMARY KEY AUTOINCREMENT");
+      lines.push_back(std::string("  \"ID\" TEXT NOT NULL UNIQUE DEFAULT ") + (postgres ? kPostgresGuid : kSqliteGuid));
+    }
+    for (const SchemaColumn& column : table.columns) {
+      std::string line = "  " + Quote(column.name);
+      std::string type = ColumnType(column.type, postgres);
+      if (!type.empty()) line += " " + type;
+      if (column.primary) line += " PRIMARY KEY";
+      if (!column.default_value.empty()) line += " DEFAULT " + column.default_value;
+      if (!column.references.empty()) {
+        line += " REFERENCES " + Quote(column.references) + " (\"ID\")";
+        if (column.cascade) line += " ON DELETE CASCADE";
+      }
+      lines.push_back(line);
+    }
+    ddl += "CREATE TABLE " + Quote(table.name) + " (\n";
+    for (std::size_t i = 0; i < lines.size(); ++i) ddl += lines[i] + (i + 1 < lines.size() ? ",\n" : "\n");
+    ddl += ");\n";
+    int n = 0;
+    for (const auto& index : table.indexes) {
+      std::string columns;
+      for (const std::string& column : index) columns += (columns.empty() ? "" : ", ") + Quote(column);
+      ddl += "CREATE INDEX " + Quote("ix_" + table.name + "_" + std::to_string(++n)) + " ON " + Quote(table.name) +
+             " (" + columns + ");\n";
+    }
+    ddl += "\n";
+  }
+  return ddl;
+}
+
+StoreConnectionPtr CreateStore(const std::string& path, StoreKind kind, const std::string& connect) {
+  std::string backend_kind = FoldCase(TrimBlanks(connect));
+  if (!backend_kind.empty() && backend_kind != "sqlite")
+    throw StoreError("unknown store kind", path, "the connect text '" + connect + "' names no backend of this build");
+  std::shared_ptr<detail::Backend> backend = detail::MakeSqliteBackend();
+  backend->Open(path, connect, /*create=*/true);
+  try {
+    backend->ExecuteNative("BEGIN;\n" + SchemaDdl(kind, "sqlite") + "COMMIT;");
+  } catch (...) {
+    backend->Close();
+    if (path != ":memory:") std::filesystem::remove(path);
+    throw;
+  }
+  return std::make_shared<StoreConnection>(std::make_shared<StoreSession>(std::move(backend)));
+}
+
+}  // namespace ormelix

@@ -1,0 +1,314 @@
+#include "sql_dialect.h"
+
+#include <cctype>
+#include <charconv>
+
+#include "ormelix/error.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/text.h"
+
+namespace ormelix::detail {
+
+namespace {
+
+enum class Tok { Space, Word, Bracket, String, Number, Guid, DateLit, Symbol, Star, Semicolon };
+
+struct Token {
+  Tok type;
+  std::string_view text;  // for Bracket/String/Guid/DateLit: the inner text
+};
+
+[[noreturn]] void Refuse(std::string_view sql, const std::string& why) {
+  throw StoreError("SQL outside the supported dialect", std::string(sql), why);
+}
+
+bool IsWordStart(unsigned char c) { return std::isalpha(c) || c == '_' || c >= 0x80; }
+bool IsWordChar(unsigned char c) { return std::isalnum(c) || c == '_' || c >= 0x80; }
+
+std::size_t FindClosing(std::string_view sql, std::size_t from, char closing) {
+  std::size_t end = sql.find(closing, from);
+  return end;
+}
+
+std::vector<Token> Tokenize(std::string_view sql) {
+  std::vector<Token> tokens;
+  std::size_t i = 0;
+  const std::size_t n = sql.size();
+  while (i < n) {
+    unsigned char c = static_cast<unsigned char>(sql[i]);
+    if (std::isspace(c)) {
+      std::size_t j = i;
+      while (j < n && std::isspace(static_cast<unsigned char>(sql[j]))) ++j;
+      tokens.push_back({Tok::Space, sql.substr(i, j - i)});
+      i = j;
+    } else if (c == '[') {
+      std::size_t end = FindClosing(sql, i + 1, ']');
+      if (end == std::string_view::npos) Refuse(sql, "unterminated [identifier]");
+      tokens.push_back({Tok::Bracket, sql.substr(i + 1, end - i - 1)});
+      i = end + 1;
+    } else if (c == '\'' || c == '"') {
+      // A quote doubled inside the literal stands for itself.
+      std::size_t j = i + 1;
+      for (;;) {
+        j = sql.find(static_cast<char>(c), j);
+        if (j == std::string_view::npos) Refuse(sql, "unterminated text literal");
+        if (j + 1 < n && sql[j + 1] == static_cast<char>(c)) {
+          j += 2;
+          continue;
+        }
+        break;
+      }
+      tokens.push_back({Tok::String, sql.substr(i, j - i + 1)});  // quotes kept
+      i = j + 1;
+    } else if (c == '{') {
+      std::size_t end = FindClosing(sql, i + 1, '}');
+      if (end == std::string_view::npos) Refuse(sql, "unterminated {ID}");
+      std::string_view guid = sql.substr(i, end - i + 1);
+      if (!IsGuidText(guid)) Refuse(sql, "malformed ID literal " + std::string(guid));
+      tokens.push_back({Tok::Guid, guid});
+      i = end + 1;
+    } else if (c == '#') {
+      std::size_t end = FindClosing(sql, i + 1, '#');
+      if (end == std::string_view::npos) Refuse(sql, "unterminated #date#");
+      tokens.push_back({Tok::DateLit, sql.substr(i + 1, end - i - 1)});
+      i = end + 1;
+    } else if (std::isdigit(c) || (c == '.' && i + 1 < n && std::isdigit(static_cast<unsigned char>(sql[i + 1])))) {
+      std::size_t j = i;
+      while (j < n && (std::isdigit(static_cast<unsigned char>(sql[j])) || sql[j] == '.')) ++j;
+      if (j < n && (sql[j] == 'e' || sql[j] == 'E')) {
+        std::size_t k = j + 1;
+        if (k < n && (sql[k] == '+' || sql[k] == '-')) ++k;
+        if (k < n && std::isdigit(static_cast<unsigned char>(sql[k]))) {
+          j = k;
+          while (j < n && std::isdigit(static_cast<unsigned char>(sql[j]))) ++j;
+        }
+      }
+      if (j < n && IsWordChar(static_cast<unsigned char>(sql[j]))) Refuse(sql, "malformed number");
+      tokens.push_back({Tok::Number, sql.substr(i, j - i)});
+      i = j;
+    } else if (IsWordStart(c)) {
+      std::size_t j = i;
+      while (j < n && IsWordChar(static_cast<unsigned char>(sql[j]))) ++j;
+      tokens.push_back({Tok::Word, sql.substr(i, j - i)});
+      i = j;
+    } else if (c == '-' && i + 1 < n && sql[i + 1] == '-') {
+      Refuse(sql, "comments are not part of the dialect");
+    } else if (c == '/' && i + 1 < n && sql[i + 1] == '*') {
+      Refuse(sql, "comments are not part of the dialect");
+    } else if (c == ';') {
+      tokens.push_back({Tok::Semicolon, sql.substr(i, 1)});
+      ++i;
+    } else if (c == '*') {
+      tokens.push_back({Tok::Star, sql.substr(i, 1)});
+      ++i;
+    } else {
+      std::size_t len = 1;
+      if (i + 1 < n) {
+        std::string_view two = sql.substr(i, 2);
+        if (two == "<=" || two == ">=" || two == "<>" || two == "!=" || two == "||") len = 2;
+      }
+      tokens.push_back({Tok::Symbol, sql.substr(i, len)});
+      i += len;
+    }
+  }
+  return tokens;
+}
+
+std::string AsciiUpper(std::string_view word) {
+  std::string out(word);
+  for (char& ch : out) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+  return out;
+}
+
+// Words that stay bare in PostgreSQL; any other bare word there is an identifier
+// and is quoted, so that mixed case and umlauts survive.
+bool IsKeyword(const std::string& upper) {
+  static const char* const kKeywords[] = {
+      "SELECT", "FROM",  "WHERE", "AND",   "OR",    "NOT",  "ORDER", "BY",    "ASC",
+      "DESC",   "AS",    "INNER", "LEFT",  "RIGHT", "OUTER", "JOIN", "ON",    "DELETE",
+      "INSERT", "INTO",  "VALUES", "UPDATE", "SET",  "NULL", "IS",   "IN",    "LIKE",
+      "DISTINCT", "GROUP", "COUNT", "BETWEEN", "LOWER"};
+  for (const char* keyword : kKeywords)
+    if (upper == keyword) return true;
+  return false;
+}
+
+struct Emitter {
+  SqlDialect dialect;
+  std::string out;
+
+  void Identifier(std::string_view name) {
+    if (!out.empty() && (std::isalnum(static_cast<unsigned char>(out.back())) || out.back() == '_'))
+      out += ' ';
+    out += QuoteIdentifier(name);
+  }
+};
+
+}  // namespace
+
+std::string QuoteIdentifier(std::string_view name) {
+  std::string out = "\"";
+  for (char c : name) {
+    if (c == '"') out += '"';
+    out += c;
+  }
+  out += '"';
+  return out;
+}
+
+bool IsGuidText(std::string_view text) {
+  // {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}
+  if (text.size() != 38 || text.front() != '{' || text.back() != '}') return false;
+  for (std::size_t i = 1; i < 37; ++i) {
+    char c = text[i];
+    bool dash = (i == 9 || i == 14 || i == 19 || i == 24);
+    if (dash ? c != '-' : !std::isxdigit(static_cast<unsigned char>(c))) return false;
+  }
+  return true;
+}
+
+std::string NormalizeGuid(std::string_view text) { return AsciiUpper(text); }
+
+bool ParseDateLiteral(std::string_view inner, double& day_count) {
+  inner = TrimBlanks(inner);
+  int parts[3] = {0, 0, 0};
+  int count = 0;
+  char separator = 0;
+  std::size_t i = 0;
+  while (i <= inner.size() && count < 3) {
+    std::size_t j = i;
+    while (j < inner.size() && std::isdigit(static_cast<unsigned char>(inner[j]))) ++j;
+    if (j == i) return false;
+    std::from_chars(inner.data() + i, inner.data() + j, parts[count]);
+    ++count;
+    if (j == inner.size()) break;
+    if (separator == 0) separator = inner[j];
+    if (inner[j] != separator || (separator != '-' && separator != '/')) return false;
+    i = j + 1;
+  }
+  if (count != 3) return false;
+  int year, month, day;
+  if (separator == '-') {
+    year = parts[0], month = parts[1], day = parts[2];
+  } else {
+    month = parts[0], day = parts[1], year = parts[2];
+  }
+  if (month < 1 || month > 12 || day < 1 || day > 31) return false;
+  day_count = DateHelpers::DateSerial(year, month, day);
+  return DateHelpers::Month(day_count) == month;
+}
+
+TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
+  std::vector<Token> tokens = Tokenize(jet_sql);
+  TranslatedSql result;
+  Emitter emit{dialect, {}};
+  emit.out.reserve(jet_sql.size() + 16);
+
+  std::vector<std::size_t> significant;  // indices of non-space tokens
+  for (std::size_t i = 0; i < tokens.size(); ++i)
+    if (tokens[i].type != Tok::Space) significant.push_back(i);
+
+  for (std::size_t s = 0; s < significant.size(); ++s) {
+    const Token& token = tokens[significant[s]];
+    if (token.type == Tok::Semicolon) {
+      if (s + 1 != significant.size()) Refuse(jet_sql, "only one statement per call: text follows the ';'");
+    }
+  }
+
+  const Token* previous = nullptr;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const Token& token = tokens[i];
+    switch (token.type) {
+      case Tok::Space:
+        emit.out += ' ';
+        break;
+      case Tok::Word: {
+        std::string upper = AsciiUpper(token.text);
+        if (upper == "FALSE") {
+          emit.out += "0";
+        } else if (upper == "TRUE") {
+          emit.out += "-1";
+        } else if (dialect == SqlDialect::Postgres && upper == "LCASE") {
+          emit.out += "lower";
+        } else if (dialect == SqlDialect::Postgres && upper == "UCASE") {
+          emit.out += "upper";
+        } else if (dialect == SqlDialect::Postgres && !IsKeyword(upper)) {
+          emit.Identifier(token.text);
+        } else {
+          emit.out += token.text;
+        }
+        break;
+      }
+      case Tok::Bracket: {
+        std::string_view name = token.text;
+        std::size_t dot = name.find('.');
+        if (dot == std::string_view::npos) {
+          emit.Identifier(name);
+        } else {
+          emit.Identifier(name.substr(0, dot));
+          emit.out += '.';
+          emit.out += QuoteIdentifier(name.substr(dot + 1));
+        }
+        break;
+      }
+      case Tok::String:
+        if (token.text.front() == '"') {
+          // Jet reads "text" as a literal; the store wants single quotes.
+          std::string inner(token.text.substr(1, token.text.size() - 2));
+          std::string literal = "'";
+          for (std::size_t k = 0; k < inner.size(); ++k) {
+            if (inner[k] == '"' && k + 1 < inner.size() && inner[k + 1] == '"') ++k;
+            if (inner[k] == '\'') literal += '\'';
+            literal += inner[k];
+          }
+          emit.out += literal + "'";
+        } else {
+          emit.out += token.text;
+        }
+        break;
+      case Tok::Guid:
+        emit.out += '\'';
+        emit.out += NormalizeGuid(token.text);
+        emit.out += '\'';
+        break;
+      case Tok::DateLit: {
+        double day_count = 0;
+        if (!ParseDateLiteral(token.text, day_count))
+          Refuse(jet_sql, "malformed date literal #" + std::string(token.text) + "#");
+        emit.out += FormatNumber(day_count);
+        break;
+      }
+      case Tok::Star:
+        // "DELETE * FROM" is Jet's; the star goes.
+        if (previous && previous->type == Tok::Word && AsciiUpper(previous->text) == "DELETE") break;
+        emit.out += '*';
+        break;
+      case Tok::Semicolon:
+        break;
+      case Tok::Number:
+      case Tok::Symbol:
+        emit.out += token.text;
+        break;
+    }
+    if (token.type != Tok::Space) previous = &token;
+  }
+
+  // SELECT * FROM <table> [WHERE ...|ORDER BY ...]: the recordset may write to <table>.
+  auto word_is = [&](std::size_t s, const char* word) {
+    return s < significant.size() && tokens[significant[s]].type == Tok::Word &&
+           AsciiUpper(tokens[significant[s]].text) == word;
+  };
+  result.is_select = word_is(0, "SELECT");
+  if (result.is_select && significant.size() >= 4 && tokens[significant[1]].type == Tok::Star && word_is(2, "FROM")) {
+    const Token& table = tokens[significant[3]];
+    bool plain = (table.type == Tok::Bracket && table.text.find('.') == std::string_view::npos) ||
+                 (table.type == Tok::Word && !IsKeyword(AsciiUpper(table.text)));
+    bool single = significant.size() == 4 || word_is(4, "WHERE") || word_is(4, "ORDER") ||
+                  tokens[significant[4]].type == Tok::Semicolon;
+    if (plain && single) result.base_table = std::string(table.text);
+  }
+  result.text = std::move(emit.out);
+  return result;
+}
+
+}  // namespace ormelix::detail

@@ -1,0 +1,39 @@
+// Translation of the Jet-flavoured SQL the domain writes into a backend's dialect.
+// Exactly this subset is understood: bracketed identifiers (also with umlauts and
+// with a dotted name inside one pair of brackets), bare identifiers, 'text' literals
+// built by concatenation, numbers, IDs in braces, #dates#, DELETE *, LCASE/UCASE,
+// TRUE/FALSE, AS[x], and one statement per call.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ormelix/store/variant.h"
+
+namespace ormelix::detail {
+
+enum class SqlDialect { Sqlite, Postgres };
+
+struct TranslatedSql {
+  std::string text;              // in the backend's dialect
+  std::vector<Variant> params;   // bound to the ? placeholders in order
+  std::string base_table;        // for "SELECT * FROM <one table> ...": that table, else ""
+  bool is_select = false;
+};
+
+// Throws StoreError (naming the SQL) for text outside the dialect: an unterminated
+// literal or bracket, a comment, a second statement.
+TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect);
+
+// Quotes an identifier for the dialect ("Name", with inner quotes doubled).
+std::string QuoteIdentifier(std::string_view name);
+
+// True for the ID form of this store: {8-4-4-4-12} hex digits, any case.
+bool IsGuidText(std::string_view text);
+std::string NormalizeGuid(std::string_view text);  // upper case, braces kept
+
+// A #date# literal: #yyyy-mm-dd# or #m/d/yyyy#. Returns false if malformed.
+bool ParseDateLiteral(std::string_view inner, double& day_count);
+
+}  // namespace ormelix::detail

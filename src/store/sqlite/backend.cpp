@@ -1,0 +1,331 @@
+// The SQLite backend: one connection, prepared statements cached by their text,
+// booleans stored as -1/0, LCASE/UCASE registered so that umlauts fold.
+#include <sqlite3.h>
+
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <list>
+#include <unordered_map>
+
+#include "../backend.h"
+#include "handles.h"
+#include "ormelix/error.h"
+#include "ormelix/text.h"
+
+namespace ormelix::detail {
+
+namespace {
+
+using sqlite::DatabaseHandle;
+using sqlite::StatementHandle;
+
+constexpr std::size_t kStatementCacheLimit = 256;
+
+Affinity AffinityOf(const char* declared) {
+  // SQLite's own rules: INT -> integer; CHAR, CLOB, TEXT -> text; BLOB or none -> as
+  // given; REAL, FLOA, DOUB -> real; anything else (DATE, BOOLEAN) is NUMERIC, which
+  // keeps whole numbers whole, as integer affinity does.
+  if (!declared || !*declared) return Affinity::Any;
+  std::string upper = UpperCase(declared);
+  auto has = [&](const char* part) { return upper.find(part) != std::string::npos; };
+  if (has("INT")) return Affinity::Integer;
+  if (has("CHAR") || has("CLOB") || has("TEXT")) return Affinity::Text;
+  if (has("BLOB")) return Affinity::Any;
+  if (has("REAL") || has("FLOA") || has("DOUB")) return Affinity::Real;
+  return Affinity::Integer;
+}
+
+void FoldFunction(sqlite3_context* context, int, sqlite3_value** args, bool lower) {
+  if (sqlite3_value_type(args[0]) == SQLITE_NULL) {
+    sqlite3_result_null(context);
+    return;
+  }
+  const char* text = reinterpret_cast<const char*>(sqlite3_value_text(args[0]));
+  std::string folded = lower ? FoldCase(text ? text : "") : UpperCase(text ? text : "");
+  sqlite3_result_text(context, folded.c_str(), static_cast<int>(folded.size()), SQLITE_TRANSIENT);
+}
+
+void LcaseFunction(sqlite3_context* c, int n, sqlite3_value** a) { FoldFunction(c, n, a, true); }
+void UcaseFunction(sqlite3_context* c, int n, sqlite3_value** a) { FoldFunction(c, n, a, false); }
+
+class SqliteBackend final : public Backend {
+ public:
+  SqliteBackend() : Backend(SqlDialect::Sqlite) {}
+  ~SqliteBackend() override { Close(); }
+
+  void Open(const std::string& path, const std::string& connect, bool create) override {
+    Close();
+    bool memory = path == ":memory:";
+    if (create && !memory && std::filesystem::exists(path))
+      throw StoreError("cannot create store", path, "the file exists already");
+    if (!create && !memory && !std::filesystem::is_regular_file(path))
+      throw StoreError("cannot open store", path, "no such file");
+    sqlite3* raw = nullptr;
+    int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    int rc = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
+    DatabaseHandle db(raw);
+    if (rc != SQLITE_OK)
+      throw StoreError("cannot open store", path, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc));
+    // Reading the schema is what tells a database from any other file.
+    char* error = nullptr;
+    rc = sqlite3_exec(db.get(), "SELECT count(*) FROM sqlite_master", nullptr, nullptr, &error);
+    if (rc != SQLITE_OK) {
+      std::string message = error ? error : sqlite3_errstr(rc);
+      sqlite3_free(error);
+      throw StoreError("cannot open store", path, message);
+    }
+    const char* setup =
+        "PRAGMA foreign_keys=ON; PRAGMA busy_timeout=5000; PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
+    rc = sqlite3_exec(db.get(), setup, nullptr, nullptr, &error);
+    if (rc != SQLITE_OK) {
+      std::string message = error ? error : sqlite3_errstr(rc);
+      sqlite3_free(error);
+      throw StoreError("cannot open store", path, message);
+    }
+    sqlite3_create_function_v2(db.get(), "LCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LcaseFunction,
+                               nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(db.get(), "UCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, UcaseFunction,
+                               nullptr, nullptr, nullptr);
+    db_ = std::move(db);
+    path_ = memory ? path : std::filesystem::absolute(path).string();
+    connect_ = connect;
+  }
+
+  void Close() override {
+    statements_.clear();
+    order_.clear();
+    db_.Reset();
+  }
+
+  bool IsOpen() const override { return static_cast<bool>(db_); }
+  std::string Path() const override { return path_; }
+  std::string Connect() const override { return connect_; }
+
+  QueryResult Query(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    sqlite3_stmt* stmt = Prepare(sql.text, jet_sql);
+    Bind(stmt, sql.params, jet_sql);
+    return Fetch(stmt, jet_sql);
+  }
+
+  long Execute(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    sqlite3_stmt* stmt = Prepare(sql.text, jet_sql);
+    Bind(stmt, sql.params, jet_sql);
+    Run(stmt, jet_sql);
+    return sqlite3_changes(db_.get());
+  }
+
+  void ExecuteNative(const std::string& script) override {
+    RequireOpen(script);
+    char* error = nullptr;
+    int rc = sqlite3_exec(db_.get(), script.c_str(), nullptr, nullptr, &error);
+    if (rc != SQLITE_OK) {
+      std::string message = error ? error : sqlite3_errstr(rc);
+      sqlite3_free(error);
+      throw StoreError("statement refused by the store", script, message);
+    }
+  }
+
+  QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
+                        const std::vector<Variant>& values) override {
+    std::string sql = "INSERT INTO " + QuoteIdentifier(table);
+    if (columns.empty()) {
+      sql += " DEFAULT VALUES";
+    } else {
+      std::string names, marks;
+      for (const std::string& column : columns) {
+        names += (names.empty() ? "" : ",") + QuoteIdentifier(column);
+        marks += marks.empty() ? "?" : ",?";
+      }
+      sql += " (" + names + ") VALUES (" + marks + ")";
+    }
+    sqlite3_stmt* stmt = Prepare(sql, sql);
+    Bind(stmt, values, sql);
+    Run(stmt, sql);
+    sqlite3_int64 rowid = sqlite3_last_insert_rowid(db_.get());
+    std::string select = "SELECT * FROM " + QuoteIdentifier(table) + " WHERE rowid=?";
+    sqlite3_stmt* read = Prepare(select, select);
+    Bind(read, {Variant(static_cast<std::int64_t>(rowid))}, select);
+    return Fetch(read, select);
+  }
+
+  void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
+                 const std::vector<Variant>& values) override {
+    if (columns.empty()) return;
+    std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
+    for (std::size_t i = 0; i < columns.size(); ++i) sql += (i ? "," : "") + QuoteIdentifier(columns[i]) + "=?";
+    sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
+    std::vector<Variant> params = values;
+    params.push_back(row_key);
+    sqlite3_stmt* stmt = Prepare(sql, sql);
+    Bind(stmt, params, sql);
+    Run(stmt, sql);
+    if (sqlite3_changes(db_.get()) == 0)
+      throw StoreError("row cannot be located for updating", sql,
+                       "the row " + row_key.Describe() + " of " + table + " has gone from the store");
+  }
+
+  void DeleteRow(const std::string& table, const Variant& row_key) override {
+    std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
+    sqlite3_stmt* stmt = Prepare(sql, sql);
+    Bind(stmt, {row_key}, sql);
+    Run(stmt, sql);
+  }
+
+  Variant Normalize(const Variant& value, Affinity affinity) const override {
+    if (value.kind() == Variant::Boolean) return Variant(static_cast<std::int64_t>(value.AsBool() ? -1 : 0));
+    double number = 0;
+    switch (affinity) {
+      case Affinity::Integer:
+      case Affinity::Real: {
+        if (value.IsMissing() || !value.TryNumber(number)) return value;  // Null, or a text that is no number
+        bool whole = number == std::floor(number) && std::fabs(number) < 9.2e18;
+        if (affinity == Affinity::Integer && whole) return Variant(static_cast<std::int64_t>(number));
+        return Variant(number);
+      }
+      case Affinity::Text:
+        if (value.kind() == Variant::Integer) return Variant(std::to_string(value.AsInteger()));
+        if (value.kind() == Variant::Double) return Variant(FormatDoubleAsSqlite(value.AsDouble()));
+        return value;
+      case Affinity::Any:
+        return value;
+    }
+    return value;
+  }
+
+ private:
+  static std::string FormatDoubleAsSqlite(double value) {
+    char buffer[64];
+    sqlite3_snprintf(sizeof buffer, buffer, "%!.15g", value);
+    return buffer;
+  }
+
+  void RequireOpen(std::string_view subject) const {
+    if (!db_) throw StoreError("the store is closed", std::string(subject));
+  }
+
+  sqlite3_stmt* Prepare(const std::string& text, std::string_view subject) {
+    RequireOpen(subject);
+    auto found = statements_.find(text);
+    if (found != statements_.end()) {
+      sqlite3_stmt* stmt = found->second.handle.get();
+      sqlite3_reset(stmt);
+      sqlite3_clear_bindings(stmt);
+      return stmt;
+    }
+    if (statements_.size() >= kStatementCacheLimit) {
+      statements_.erase(order_.front());
+      order_.pop_front();
+    }
+    sqlite3_stmt* raw = nullptr;
+    const char* tail = nullptr;
+    int rc = sqlite3_prepare_v2(db_.get(), text.c_str(), static_cast<int>(text.size()), &raw, &tail);
+    StatementHandle stmt(raw);
+    if (rc != SQLITE_OK) throw StoreError("statement refused by the store", std::string(subject), sqlite3_errmsg(db_.get()));
+    if (!raw) throw StoreError("statement refused by the store", std::string(subject), "the text holds no statement");
+    if (tail) {
+      while (*tail == ' ' || *tail == '\n' || *tail == '\t' || *tail == '\r' || *tail == ';') ++tail;
+      if (*tail) throw StoreError("only one statement per call", std::string(subject), "text follows the statement");
+    }
+    order_.push_back(text);
+    auto [it, inserted] = statements_.emplace(text, CachedStatement{std::move(stmt), std::prev(order_.end())});
+    return it->second.handle.get();
+  }
+
+  void Bind(sqlite3_stmt* stmt, const std::vector<Variant>& params, std::string_view subject) {
+    for (std::size_t i = 0; i < params.size(); ++i) {
+      int index = static_cast<int>(i + 1);
+      const Variant& value = params[i];
+      int rc = SQLITE_OK;
+      switch (value.kind()) {
+        case Variant::Empty:
+        case Variant::Null:
+          rc = sqlite3_bind_null(stmt, index);
+          break;
+        case Variant::Boolean:
+          rc = sqlite3_bind_int(stmt, index, value.AsBool() ? -1 : 0);
+          break;
+        case Variant::Integer:
+          rc = sqlite3_bind_int64(stmt, index, value.AsInteger());
+          break;
+        case Variant::Double:
+          rc = sqlite3_bind_double(stmt, index, value.AsDouble());
+          break;
+        case Variant::Text:
+          rc = sqlite3_bind_text(stmt, index, value.AsText().data(), static_cast<int>(value.AsText().size()),
+                                 SQLITE_TRANSIENT);
+          break;
+      }
+      if (rc != SQLITE_OK) throw StoreError("cannot bind a value", std::string(subject), sqlite3_errmsg(db_.get()));
+    }
+  }
+
+  void Run(sqlite3_stmt* stmt, std::string_view subject) {
+    int rc = sqlite3_step(stmt);
+    while (rc == SQLITE_ROW) rc = sqlite3_step(stmt);
+    if (rc != SQLITE_DONE) {
+      std::string message = sqlite3_errmsg(db_.get());
+      sqlite3_reset(stmt);
+      throw StoreError("statement refused by the store", std::string(subject), message);
+    }
+    sqlite3_reset(stmt);
+  }
+
+  QueryResult Fetch(sqlite3_stmt* stmt, std::string_view subject) {
+    QueryResult result;
+    int count = sqlite3_column_count(stmt);
+    result.columns.reserve(count);
+    for (int i = 0; i < count; ++i) {
+      const char* name = sqlite3_column_name(stmt, i);
+      const char* table = sqlite3_column_table_name(stmt, i);
+      result.columns.push_back({name ? name : "", table ? table : "", AffinityOf(sqlite3_column_decltype(stmt, i))});
+    }
+    int rc;
+    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+      for (int i = 0; i < count; ++i) {
+        switch (sqlite3_column_type(stmt, i)) {
+          case SQLITE_INTEGER:
+            result.cells.emplace_back(static_cast<std::int64_t>(sqlite3_column_int64(stmt, i)));
+            break;
+          case SQLITE_FLOAT:
+            result.cells.emplace_back(sqlite3_column_double(stmt, i));
+            break;
+          case SQLITE_NULL:
+            result.cells.push_back(Variant::NullValue());
+            break;
+          default: {
+            const char* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
+            int bytes = sqlite3_column_bytes(stmt, i);
+            result.cells.emplace_back(std::string(text ? text : "", static_cast<std::size_t>(bytes)));
+          }
+        }
+      }
+    }
+    if (rc != SQLITE_DONE) {
+      std::string message = sqlite3_errmsg(db_.get());
+      sqlite3_reset(stmt);
+      throw StoreError("statement refused by the store", std::string(subject), message);
+    }
+    sqlite3_reset(stmt);
+    return result;
+  }
+
+  struct CachedStatement {
+    StatementHandle handle;
+    std::list<std::string>::iterator position;
+  };
+
+  DatabaseHandle db_;
+  std::string path_;
+  std::string connect_;
+  std::unordered_map<std::string, CachedStatement> statements_;
+  std::list<std::string> order_;  // oldest first, for eviction
+};
+
+}  // namespace
+
+std::shared_ptr<Backend> MakeSqliteBackend() { return std::make_shared<SqliteBackend>(); }
+
+}  // namespace ormelix::detail

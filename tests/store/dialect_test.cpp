@@ -1,0 +1,187 @@
+// The Jet-flavoured SQL of the domain, form by form, against a real SQLite store.
+#include <gtest/gtest.h>
+
+#include "ormelix/error.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/value_helpers.h"
+#include "support/test_store.h"
+
+using namespace ormelix;
+using namespace ormelix::ValueHelpers;
+
+namespace {
+
+class DialectTest : public ::testing::Test {
+ protected:
+  test::TempDir dir;
+  StoreConnectionPtr db = test::NewStore(dir);
+  StoreConnectionPtr ref = test::NewStore(dir, StoreKind::Reference);
+
+  std::string Insert(const StoreConnectionPtr& store, const std::string& table,
+                     std::initializer_list<std::pair<const char*, Variant>> values) {
+    auto rs = store->Session().OpenRecordset("SELECT * FROM [" + table + "]", adOpenDynamic, adLockOptimistic);
+    rs->AddNew();
+    for (const auto& [column, value] : values) rs->Collect(column, value);
+    rs->Update();
+    std::string id = rs->FindFieldIndex("ID") >= 0 ? ToText(rs->Fields("ID")) : "";
+    rs->Close();
+    return id;
+  }
+};
+
+TEST_F(DialectTest, BracketsWithUmlautsAndTheOneBareTable) {
+  std::string employee = NewID();
+  Insert(db, "Mitarbeiter_Übertritte", {{"MitarbeiterID", employee}, {"Zeitraum", 202403}});
+  Insert(db, "Mitarbeiter_Sachbezüge", {{"MitarbeiterID", employee}, {"Zeitraum", 202403}, {"Käse", 2.5}});
+
+  auto transfers = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Übertritte] WHERE [MitarbeiterID]=" +
+                                               SqlID(employee) + " ORDER BY [Zeitraum] ASC");
+  EXPECT_EQ(transfers->RecordCount(), 1);
+  auto benefits = db->Session().OpenRecordset("SELECT * FROM Mitarbeiter_Sachbezüge WHERE [MitarbeiterID]=" +
+                                              SqlID(employee) + " AND [Zeitraum]=202403");
+  ASSERT_FALSE(benefits->Eof());
+  EXPECT_DOUBLE_EQ(ToAmount(benefits->Fields("käse")), 2.5);  // field names fold umlauts too
+}
+
+TEST_F(DialectTest, DottedNameInsideBracketsAndAliasInAJoin) {
+  std::string employee = NewID();
+  std::string slip = Insert(db, "Mitarbeiter_Lohnzettel", {{"MitarbeiterID", employee}, {"Zeitraum", 202405}});
+  Insert(db, "Mitarbeiter_Lohnzettel_EL", {{"LohnzettelID", slip}, {"Zeitraum", 202311}});
+  Insert(db, "Mitarbeiter_Lohnzettel_EL", {{"LohnzettelID", slip}, {"Zeitraum", 202402}});
+
+  std::string sql =
+      "SELECT [MitarbeiterID], [Mitarbeiter_Lohnzettel_EL.Zeitraum] AS [Zeitraum] FROM [Mitarbeiter_Lohnzettel] "
+      "INNER JOIN [Mitarbeiter_Lohnzettel_EL] ON [Mitarbeiter_Lohnzettel].[ID]=[Mitarbeiter_Lohnzettel_EL].[LohnzettelID] "
+      "WHERE [Mitarbeiter_Lohnzettel_EL.Zeitraum]>=" + std::to_string(MakeZeitraum(1, 2024)) +
+      " AND [Mitarbeiter_Lohnzettel_EL.Zeitraum]<=" + std::to_string(MakeZeitraum(12, 2024));
+  auto rs = db->Session().OpenRecordset(sql);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202402);
+  EXPECT_EQ(ToText(rs->Fields("MitarbeiterID")), employee);
+  rs->Filter("[MitarbeiterID]=" + SqlID(employee));
+  EXPECT_FALSE(rs->Eof());
+}
+
+TEST_F(DialectTest, JoinedColumnsOfTheSameNameAreReachedByTableAndColumn) {
+  std::string carrier = Insert(db, "Versicherungsträger", {{"Code", "11"}, {"Bezeichnung", "ÖGK Wien"}});
+  std::string employer = NewID();
+  std::string account = Insert(db, "Mandanten_Beitragskonten", {{"MandantenID", employer}, {"VTID", carrier}});
+  auto rs = db->Session().OpenRecordset(
+      "SELECT * FROM [Mandanten_Beitragskonten] INNER JOIN [Versicherungsträger] ON "
+      "[Mandanten_Beitragskonten].[VTID]=[Versicherungsträger].[ID] WHERE [Mandanten_Beitragskonten].[MandantenID]=" +
+      SqlID(employer) + " ORDER BY [Mandanten_Beitragskonten].[Nr] ASC");
+  ASSERT_FALSE(rs->Eof());
+  EXPECT_EQ(ToText(rs->Fields("Mandanten_Beitragskonten.ID")), account);
+  EXPECT_EQ(ToText(rs->Fields("Versicherungsträger.ID")), carrier);
+  EXPECT_EQ(ToText(rs->Fields("Bezeichnung")), "ÖGK Wien");
+  try {
+    rs->Fields("ID");
+    FAIL() << "an ambiguous name must not be served";
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.Subject(), "ID");
+  }
+}
+
+TEST_F(DialectTest, DistinctWithAsWithoutBlank) {
+  Insert(ref, "Gemeinden", {{"Gemeinde", "Wien"}, {"Gemeindenummer", "90001"}});
+  Insert(ref, "Gemeinden", {{"Gemeinde", "Wien-Alt"}, {"Gemeindenummer", "90001"}});
+  Insert(ref, "Gemeinden", {{"Gemeinde", "Graz"}, {"Gemeindenummer", "60101"}});
+  auto rs = ref->Session().OpenRecordset(
+      "SELECT DISTINCT([Gemeindenummer]) AS[Gemeindenummer], * FROM [Gemeinden] WHERE [Gemeindenummer]='90001'");
+  ASSERT_FALSE(rs->Eof());
+  EXPECT_EQ(ToText(rs->Fields("Gemeinde")), "Wien");
+}
+
+TEST_F(DialectTest, DeleteStarAndExecuteSqlCountsRows) {
+  std::string a = Insert(db, "Basiswerte", {{"Bezeichnung", "A"}});
+  Insert(db, "Basiswerte", {{"Bezeichnung", "B"}});
+  Variant touched = db->Session().ExecuteSql("DELETE * FROM [Basiswerte] WHERE [ID]=" + SqlID(a), true);
+  EXPECT_EQ(ToLong(touched), 1);
+  EXPECT_EQ(test::CountRows(db, "Basiswerte"), 1);
+}
+
+TEST_F(DialectTest, LcaseFoldsUmlautsOnBothSides) {
+  Insert(db, "Basiswerte", {{"Bezeichnung", "ÄRZTE Österreich"}});
+  auto rs = db->Session().OpenRecordset(
+      "SELECT [ID] FROM [Basiswerte] WHERE LCASE([Bezeichnung])=LCASE('ärzte ÖSTERREICH')");
+  EXPECT_FALSE(rs->Eof());
+  auto none = db->Session().OpenRecordset("SELECT [ID] FROM [Basiswerte] WHERE LCASE([Bezeichnung])=LCASE('Aerzte')");
+  EXPECT_TRUE(none->Eof());
+}
+
+TEST_F(DialectTest, FalseLiteralMatchesStoredFalse) {
+  std::string child = NewID();
+  Insert(db, "Mitarbeiter_Kinder_ZB", {{"KID", child}, {"Zeitraum", 202001}, {"FB_Bezieher", 1}, {"AVAB", true}});
+  Insert(db, "Mitarbeiter_Kinder_ZB", {{"KID", child}, {"Zeitraum", 202002}, {"FB_Bezieher", 0}, {"AVAB", true}});
+  Insert(db, "Mitarbeiter_Kinder_ZB", {{"KID", child}, {"Zeitraum", 202003}, {"FB_Bezieher", 0}, {"AVAB", false}});
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Kinder_ZB] WHERE [KID]=" + SqlID(child) +
+                                        " AND ([FB_Bezieher]=" + "0" + " OR [AVAB]=FALSE) ORDER BY [Zeitraum] DESC");
+  ASSERT_EQ(rs->RecordCount(), 2);
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202003);
+  EXPECT_FALSE(ToFlag(rs->Fields("AVAB")));
+  rs->MoveNext();
+  EXPECT_TRUE(ToFlag(rs->Fields("AVAB")));  // stored as -1
+  auto raw = db->Session().OpenRecordset("SELECT [AVAB] FROM [Mitarbeiter_Kinder_ZB] WHERE [Zeitraum]=202001");
+  EXPECT_EQ(ToLong(raw->Fields("AVAB")), -1);
+}
+
+TEST_F(DialectTest, IdsStandAsLiteralsInAnyCase) {
+  std::string id = Insert(db, "Basiswerte", {{"Bezeichnung", "X"}});
+  std::string lower = id;
+  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Basiswerte] WHERE [ID]=" + lower);
+  EXPECT_FALSE(rs->Eof());
+  auto none = db->Session().OpenRecordset("SELECT * FROM [Basiswerte] WHERE [ID]=" + SqlID(""));
+  EXPECT_TRUE(none->Eof());
+}
+
+TEST_F(DialectTest, OnlyOneStatementPerCall) {
+  Insert(db, "Basiswerte", {{"Bezeichnung", "keep me"}});
+  EXPECT_THROW(db->Session().OpenRecordset("SELECT * FROM [Basiswerte]; DELETE * FROM [Basiswerte]"), StoreError);
+  EXPECT_THROW(db->Session().ExecuteSql("DELETE * FROM [Basiswerte] WHERE [Bezeichnung]='x'; DROP TABLE [Basiswerte]"),
+               StoreError);
+  EXPECT_EQ(test::CountRows(db, "Basiswerte"), 1);
+  // A trailing semicolon alone is one statement.
+  EXPECT_NO_THROW(db->Session().OpenRecordset("SELECT * FROM [Basiswerte];"));
+}
+
+TEST_F(DialectTest, AQuoteInAConcatenatedValueIsAStoreFailureNotASecondStatement) {
+  Insert(db, "Basiswerte", {{"Bezeichnung", "O"}});
+  std::string name = "O'); DELETE * FROM [Basiswerte] WHERE ('1'='1";
+  std::string sql = "SELECT [ID] FROM [Basiswerte] WHERE LCASE([Bezeichnung])=LCASE('" + name + "')";
+  EXPECT_THROW(db->Session().OpenRecordset(sql), StoreError);
+  try {
+    db->Session().OpenRecordset("SELECT [ID] FROM [Basiswerte] WHERE LCASE([Bezeichnung])=LCASE('O'Brien')");
+    FAIL() << "the broken text must be refused";
+  } catch (const StoreError& error) {
+    EXPECT_NE(error.Subject().find("O'Brien"), std::string::npos);
+    EXPECT_FALSE(error.BackendMessage().empty());
+  }
+  EXPECT_EQ(test::CountRows(db, "Basiswerte"), 1);
+}
+
+TEST_F(DialectTest, CommentsAndUnknownTablesAreRefusedNamingTheSql) {
+  EXPECT_THROW(db->Session().OpenRecordset("SELECT * FROM [Basiswerte] -- all"), StoreError);
+  try {
+    db->Session().OpenRecordset("SELECT * FROM [Nowhere]");
+    FAIL();
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.Subject(), "SELECT * FROM [Nowhere]");
+    EXPECT_NE(error.BackendMessage().find("no such table"), std::string::npos);
+  }
+}
+
+TEST_F(DialectTest, DateLiteralsAndSqlDateCompareWithDateColumns) {
+  std::string employee = NewID();
+  Insert(db, "Mitarbeiter_Laufbahn", {{"MitarbeiterID", employee}, {"Schritt", 1},
+                                       {"Datum", DateHelpers::DateSerial(2020, 3, 31)}});
+  auto by_literal = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [Datum]<=#2020-03-31#");
+  EXPECT_EQ(by_literal->RecordCount(), 1);
+  auto by_sqldate = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [Datum]<" +
+                                                SqlDate(DateHelpers::DateSerial(2020, 3, 31), false));
+  EXPECT_EQ(by_sqldate->RecordCount(), 0);
+  auto all = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [Datum]>=" + SqlDate(0, false));
+  EXPECT_EQ(all->RecordCount(), 1);
+}
+
+}  // namespace
