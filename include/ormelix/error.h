@@ -17,14 +17,18 @@ class Error : public std::runtime_error {
 // BackendMessage() is what the backend said (may be empty for our own checks).
 class StoreError : public Error {
  public:
-  StoreError(const std::string& what_failed, std::string subject, std::string backend_message = {});
+  StoreError(const std::string& what_failed, std::string subject, std::string backend_message = {}, int code = 0);
 
   const std::string& Subject() const noexcept { return subject_; }
   const std::string& BackendMessage() const noexcept { return backend_message_; }
+  // The backend's error number (SQLite's extended result code), 0 for a failure
+  // found by the library itself.
+  int Code() const noexcept { return code_; }
 
  private:
   std::string subject_;
   std::string backend_message_;
+  int code_ = 0;
 };
 
 // A failed lookup in a keyed collection, by key or by position.

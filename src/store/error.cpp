@@ -13,10 +13,11 @@ std::string Compose(const std::string& what_failed, const std::string& subject, 
 
 }  // namespace
 
-StoreError::StoreError(const std::string& what_failed, std::string subject, std::string backend_message)
+StoreError::StoreError(const std::string& what_failed, std::string subject, std::string backend_message, int code)
     : Error(Compose(what_failed, subject, backend_message)),
       subject_(std::move(subject)),
-      backend_message_(std::move(backend_message)) {}
+      backend_message_(std::move(backend_message)),
+      code_(code) {}
 
 KeyNotFound::KeyNotFound(std::string key, const std::string& collection)
     : Error("no entry '" + key + "' in " + collection), key_(std::move(key)) {}

@@ -17,15 +17,9 @@ class DialectTest : public ::testing::Test {
   StoreConnectionPtr db = test::NewStore(dir);
   StoreConnectionPtr ref = test::NewStore(dir, StoreKind::Reference);
 
-  std::string Insert(const StoreConnectionPtr& store, const std::string& table,
-                     std::initializer_list<std::pair<const char*, Variant>> values) {
-    auto rs = store->Session().OpenRecordset("SELECT * FROM [" + table + "]", adOpenDynamic, adLockOptimistic);
-    rs->AddNew();
-    for (const auto& [column, value] : values) rs->Collect(column, value);
-    rs->Update();
-    std::string id = rs->FindFieldIndex("ID") >= 0 ? ToText(rs->Fields("ID")) : "";
-    rs->Close();
-    return id;
+  static std::string Insert(const StoreConnectionPtr& store, const std::string& table,
+                            std::initializer_list<std::pair<const char*, Variant>> values) {
+    return test::AddRow(store, table, values);
   }
 };
 

@@ -14,14 +14,7 @@ using namespace ormelix::ValueHelpers;
 
 namespace {
 
-std::string AddRow(const StoreConnectionPtr& db, const std::string& table,
-                   std::initializer_list<std::pair<const char*, Variant>> values) {
-  auto rs = db->Session().OpenRecordset("SELECT * FROM [" + table + "]", adOpenDynamic, adLockOptimistic);
-  rs->AddNew();
-  for (const auto& [column, value] : values) rs->Collect(column, value);
-  rs->Update();
-  return ToText(rs->Fields("ID"));
-}
+using test::AddRow;
 
 TEST(Schema, EveryTableOfBothStoresExistsAndReads) {
   test::TempDir dir;

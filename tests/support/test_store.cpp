@@ -28,6 +28,17 @@ StoreConnectionPtr NewStore(const TempDir& dir, StoreKind kind, const std::strin
   return CreateStore(dir.File(file), kind);
 }
 
+std::string AddRow(const StoreConnectionPtr& db, const std::string& table,
+                   std::initializer_list<std::pair<const char*, Variant>> values) {
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [" + table + "]", adOpenDynamic, adLockOptimistic);
+  rs->AddNew();
+  for (const auto& [column, value] : values) rs->Collect(column, value);
+  rs->Update();
+  std::string id = rs->FindFieldIndex("ID") >= 0 ? ValueHelpers::ToText(rs->Fields("ID")) : "";
+  rs->Close();
+  return id;
+}
+
 long CountRows(const StoreConnectionPtr& db, const std::string& table, const std::string& where) {
   auto rs = db->Session().OpenRecordset("SELECT COUNT(*) AS [n] FROM [" + table + "]" +
                                         (where.empty() ? "" : " WHERE " + where));

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <filesystem>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "ormelix/store/schema.h"
 #include "ormelix/store/store.h"
@@ -28,6 +30,10 @@ class TempDir {
 // A fresh payroll (or reference) store in a file of the folder.
 StoreConnectionPtr NewStore(const TempDir& dir, StoreKind kind = StoreKind::Payroll,
                             const std::string& name = "");
+
+// Inserts a row with these columns (the store fills the rest) and gives its ID.
+std::string AddRow(const StoreConnectionPtr& db, const std::string& table,
+                   std::initializer_list<std::pair<const char*, Variant>> values = {});
 
 // Number of rows of a table (or of a WHERE clause on it).
 long CountRows(const StoreConnectionPtr& db, const std::string& table, const std::string& where = "");

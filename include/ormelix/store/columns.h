@@ -57,6 +57,8 @@ struct ColumnDecl {
   PropertyRef (*property)(Target&);
   LoadAs load;
   SaveAs save;
+  // Where a column is written from another property than it is read into.
+  PropertyRef (*save_property)(Target&) = nullptr;
 };
 
 // The accessor of a plain member: Member<&clsMandant::Name>.
@@ -105,7 +107,9 @@ class ColumnSet {
         if (!recordset.Fields("ID").ValueOrEmpty().IsMissing()) recordset.Update();
         continue;
       }
-      if (decl.save != SaveAs::None) recordset.Collect(decl.column, SaveProperty(decl.property(target), decl.save));
+      if (decl.save == SaveAs::None) continue;
+      PropertyRef from = decl.save_property ? decl.save_property(target) : decl.property(target);
+      recordset.Collect(decl.column, SaveProperty(from, decl.save));
     }
   }
 

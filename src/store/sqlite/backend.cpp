@@ -66,14 +66,14 @@ class SqliteBackend final : public Backend {
     int rc = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
     DatabaseHandle db(raw);
     if (rc != SQLITE_OK)
-      throw StoreError("cannot open store", path, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc));
+      throw StoreError("cannot open store", path, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc), rc);
     // Reading the schema is what tells a database from any other file.
     char* error = nullptr;
     rc = sqlite3_exec(db.get(), "SELECT count(*) FROM sqlite_master", nullptr, nullptr, &error);
     if (rc != SQLITE_OK) {
       std::string message = error ? error : sqlite3_errstr(rc);
       sqlite3_free(error);
-      throw StoreError("cannot open store", path, message);
+      throw StoreError("cannot open store", path, message, rc);
     }
     const char* setup =
         "PRAGMA foreign_keys=ON; PRAGMA busy_timeout=5000; PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
@@ -81,7 +81,7 @@ class SqliteBackend final : public Backend {
     if (rc != SQLITE_OK) {
       std::string message = error ? error : sqlite3_errstr(rc);
       sqlite3_free(error);
-      throw StoreError("cannot open store", path, message);
+      throw StoreError("cannot open store", path, message, rc);
     }
     sqlite3_create_function_v2(db.get(), "LCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LcaseFunction,
                                nullptr, nullptr, nullptr);
@@ -124,7 +124,7 @@ class SqliteBackend final : public Backend {
     if (rc != SQLITE_OK) {
       std::string message = error ? error : sqlite3_errstr(rc);
       sqlite3_free(error);
-      throw StoreError("statement refused by the store", script, message);
+      throw StoreError("statement refused by the store", script, message, rc);
     }
   }
 
@@ -223,7 +223,8 @@ class SqliteBackend final : public Backend {
     const char* tail = nullptr;
     int rc = sqlite3_prepare_v2(db_.get(), text.c_str(), static_cast<int>(text.size()), &raw, &tail);
     StatementHandle stmt(raw);
-    if (rc != SQLITE_OK) throw StoreError("statement refused by the store", std::string(subject), sqlite3_errmsg(db_.get()));
+    if (rc != SQLITE_OK) throw StoreError("statement refused by the store", std::string(subject), sqlite3_errmsg(db_.get()),
+                                            sqlite3_extended_errcode(db_.get()));
     if (!raw) throw StoreError("statement refused by the store", std::string(subject), "the text holds no statement");
     if (tail) {
       while (*tail == ' ' || *tail == '\n' || *tail == '\t' || *tail == '\r' || *tail == ';') ++tail;
@@ -267,8 +268,9 @@ class SqliteBackend final : public Backend {
     while (rc == SQLITE_ROW) rc = sqlite3_step(stmt);
     if (rc != SQLITE_DONE) {
       std::string message = sqlite3_errmsg(db_.get());
+      int code = sqlite3_extended_errcode(db_.get());
       sqlite3_reset(stmt);
-      throw StoreError("statement refused by the store", std::string(subject), message);
+      throw StoreError("statement refused by the store", std::string(subject), message, code);
     }
     sqlite3_reset(stmt);
   }
@@ -305,8 +307,9 @@ class SqliteBackend final : public Backend {
     }
     if (rc != SQLITE_DONE) {
       std::string message = sqlite3_errmsg(db_.get());
+      int code = sqlite3_extended_errcode(db_.get());
       sqlite3_reset(stmt);
-      throw StoreError("statement refused by the store", std::string(subject), message);
+      throw StoreError("statement refused by the store", std::string(subject), message, code);
     }
     sqlite3_reset(stmt);
     return result;

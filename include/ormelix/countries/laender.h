@@ -1,0 +1,19 @@
+// clsLänder: the countries of the session, read from the reference store.
+#pragma once
+
+#include <memory>
+
+#include "ormelix/session/manager.h"
+
+namespace ormelix {
+
+class clsLänder {
+ public:
+  // Library-internal: the session gives its back reference once, at creation.
+  void SetManager(const std::shared_ptr<clsManager>& manager) { manager_.Set(manager); }
+
+ private:
+  ManagerRef manager_;
+};
+
+}  // namespace ormelix

@@ -1,0 +1,46 @@
+// clsSettings: a small key-value store in the table Settings of the payroll store,
+// addressed by section, field and an optional sub-field, so that options travel
+// with the payroll data. Each access reads the table afresh. Failures to open or
+// close the table are shown through the message sink and never stop the operation.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "ormelix/store/store.h"
+#include "ormelix/store/variant.h"
+
+namespace ormelix {
+
+class clsSettings {
+ public:
+  clsSettings() = default;
+  ~clsSettings();
+  clsSettings(const clsSettings&) = delete;
+  clsSettings& operator=(const clsSettings&) = delete;
+
+  // The stored value in its own type, or pDefaultValue when no row matches;
+  // Empty when there is no database. Without a sub-field any row of the section
+  // and field matches, and the first one counts.
+  Variant GetValue(const std::string& pSection, const std::string& pField, const Variant& pDefaultValue = {},
+                   const std::string& pSubField = "");
+  bool ExistValue(const std::string& pSection, const std::string& pField, const std::string& pSubField = "");
+  void SetValue(const std::string& pSection, const std::string& pField, const Variant& pValue,
+                const std::string& pSubField = "");
+  void DeleteValue(const std::string& pSection, const std::string& pField, const std::string& pSubField = "");
+
+  // Library-internal, for clsManager.
+  void SetSettingsDatabase(StoreConnectionPtr database);
+  bool OpenSettings();
+  void CloseSettings();
+
+ private:
+  // Opens the table afresh and stands on the first matching row; false without
+  // a database.
+  bool Select(const std::string& section, const std::string& field, const std::string& sub_field);
+
+  std::unique_ptr<Recordset> settings_recordset_;
+  StoreConnectionPtr settings_database_;
+};
+
+}  // namespace ormelix
