@@ -1,5 +1,7 @@
 #include "backend.h"
 
+#include "ormelix/text.h"
+
 namespace ormelix::detail {
 
 namespace {
@@ -7,6 +9,28 @@ namespace {
 // differ only in a key value are distinct here, so the bound keeps memory flat.
 constexpr std::size_t kTranslationCacheLimit = 4096;
 }  // namespace
+
+ColumnLayout::ColumnLayout(std::vector<ColumnInfo> columns) : columns_(std::move(columns)) {
+  for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
+    auto [exact, fresh] = exact_.emplace(columns_[i].name, i);
+    if (!fresh) exact->second = -2;
+    std::string folded = FoldCase(columns_[i].name);
+    auto [it, inserted] = folded_.emplace(folded, i);
+    if (!inserted) it->second = -2;
+    if (!columns_[i].table.empty()) qualified_.emplace(FoldCase(columns_[i].table) + "." + folded, i);
+  }
+}
+
+int ColumnLayout::Lookup(std::string_view name) const {
+  auto exact = exact_.find(name);  // the usual case: the name as the table declares it
+  if (exact != exact_.end()) return exact->second;
+  std::string folded = FoldCase(name);
+  auto found = folded_.find(folded);
+  if (found != folded_.end()) return found->second;
+  auto qualified = qualified_.find(folded);
+  if (qualified != qualified_.end()) return qualified->second;
+  return -1;
+}
 
 const TranslatedSql& Backend::Translate(std::string_view jet_sql) {
   std::string key(jet_sql);

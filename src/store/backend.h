@@ -21,9 +21,32 @@ struct ColumnInfo {
   Affinity affinity = Affinity::Any;
 };
 
+// The columns of a result and their lookup by name, made once per statement and
+// shared by every recordset of it. Names are found as given or without regard to
+// case; a name two columns share is found only as "table.column".
+class ColumnLayout {
+ public:
+  explicit ColumnLayout(std::vector<ColumnInfo> columns);
+
+  const std::vector<ColumnInfo>& Columns() const { return columns_; }
+  std::size_t Size() const { return columns_.size(); }
+  // The column index, -1 for an unknown name, -2 for an ambiguous one.
+  int Lookup(std::string_view name) const;
+
+ private:
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>{}(name); }
+  };
+  std::vector<ColumnInfo> columns_;
+  std::unordered_map<std::string, int, NameHash, std::equal_to<>> exact_;
+  std::unordered_map<std::string, int> folded_;
+  std::unordered_map<std::string, int> qualified_;
+};
+
 struct QueryResult {
-  std::vector<ColumnInfo> columns;
-  std::vector<Variant> cells;  // row-major, columns.size() per row
+  std::shared_ptr<const ColumnLayout> layout;
+  std::vector<Variant> cells;  // row-major, layout->Size() per row
 };
 
 // The column every writable table carries to tell its rows apart.

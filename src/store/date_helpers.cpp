@@ -58,7 +58,7 @@ bool IsEmptyText(const Variant& value, bool) {
   return false;
 }
 
-bool IsEmptyText(const Field& value, bool flag) { return IsEmptyText(value.ValueOrEmpty(), flag); }
+bool IsEmptyText(const Field& value, bool flag) { return IsEmptyText(value.Peek(), flag); }
 
 bool IsID(const Variant& value, bool) {
   if (!value.IsText()) return false;

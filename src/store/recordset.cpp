@@ -71,11 +71,9 @@ struct Recordset::Impl {
   LockTypeEnum lock;
   bool open = true;
 
-  std::vector<ColumnInfo> columns;
+  std::shared_ptr<const detail::ColumnLayout> layout;
   std::vector<Variant> cells;  // row-major
   std::vector<char> deleted;
-  std::unordered_map<std::string, int> by_name;       // folded name -> column, -2 if ambiguous
-  std::unordered_map<std::string, int> by_qualified;  // folded "table.column" -> column
   std::string base_table;
   int key_column = -1;
 
@@ -90,7 +88,8 @@ struct Recordset::Impl {
 
   mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
 
-  std::size_t Width() const { return columns.size(); }
+  std::size_t Width() const { return layout->Size(); }
+  const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
   std::size_t RowCount() const { return Width() ? cells.size() / Width() : 0; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
@@ -102,34 +101,15 @@ struct Recordset::Impl {
   }
 
   void Load(detail::QueryResult result) {
-    columns = std::move(result.columns);
+    layout = std::move(result.layout);
     cells = std::move(result.cells);
     deleted.assign(RowCount(), 0);
     indexes.clear();
     indexes.resize(Width());
-    by_name.clear();
-    by_qualified.clear();
-    for (int i = 0; i < static_cast<int>(Width()); ++i) {
-      std::string folded = FoldCase(columns[i].name);
-      auto [it, inserted] = by_name.emplace(folded, i);
-      if (!inserted) it->second = -2;
-      if (!columns[i].table.empty()) by_qualified.emplace(FoldCase(columns[i].table) + "." + folded, i);
-    }
-    key_column = -1;
-    if (!base_table.empty()) {
-      auto found = by_name.find(FoldCase(detail::kRowKeyColumn));
-      if (found != by_name.end()) key_column = found->second;
-    }
+    key_column = base_table.empty() ? -1 : std::max(layout->Lookup(detail::kRowKeyColumn), -1);
   }
 
-  int Lookup(std::string_view name) const {
-    std::string folded = FoldCase(name);
-    auto found = by_name.find(folded);
-    if (found != by_name.end()) return found->second;
-    auto qualified = by_qualified.find(folded);
-    if (qualified != by_qualified.end()) return qualified->second;
-    return -1;
-  }
+  int Lookup(std::string_view name) const { return layout->Lookup(name); }
 
   int Resolve(std::string_view name) const {
     int column = Lookup(name);
@@ -215,16 +195,16 @@ struct Recordset::Impl {
     std::vector<Variant> values;
     for (std::size_t i = 0; i < Width(); ++i) {
       if (!dirty[i]) continue;
-      names.push_back(columns[i].name);
+      names.push_back(Column(i).name);
       values.push_back(edit_row[i]);
     }
     if (mode == Adding) {
       detail::QueryResult stored = backend->InsertRow(base_table, names, values);
       std::vector<Variant> row(Width(), Variant::NullValue());
       if (!stored.cells.empty()) {
-        for (std::size_t i = 0; i < stored.columns.size(); ++i) {
-          auto found = by_name.find(FoldCase(stored.columns[i].name));
-          if (found != by_name.end() && found->second >= 0) row[found->second] = stored.cells[i];
+        for (std::size_t i = 0; i < stored.layout->Size(); ++i) {
+          int column = layout->Lookup(stored.layout->Columns()[i].name);
+          if (column >= 0) row[column] = stored.cells[i];
         }
       }
       auto new_row = static_cast<std::uint32_t>(RowCount());
@@ -239,7 +219,7 @@ struct Recordset::Impl {
       backend->UpdateRow(base_table, cells[row * Width() + key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
-        cells[row * Width() + i] = backend->Normalize(edit_row[i], columns[i].affinity);
+        cells[row * Width() + i] = backend->Normalize(edit_row[i], Column(i).affinity);
         indexes[i].reset();
       }
     }
@@ -258,9 +238,12 @@ Variant Field::Value() const {
   return *cell;
 }
 
-Variant Field::ValueOrEmpty() const {
+Variant Field::ValueOrEmpty() const { return Peek(); }
+
+const Variant& Field::Peek() const {
+  static const Variant kEmpty;
   const Variant* cell = recordset_->CurrentCell(column_);
-  return cell ? *cell : Variant();
+  return cell ? *cell : kEmpty;
 }
 
 const std::string& Field::Name() const { return recordset_->FieldName(column_); }
@@ -330,7 +313,7 @@ int Recordset::FindFieldIndex(std::string_view name) const {
 
 int Recordset::FieldCount() const { return static_cast<int>(impl_->Width()); }
 
-const std::string& Recordset::FieldName(int index) const { return impl_->columns.at(index).name; }
+const std::string& Recordset::FieldName(int index) const { return impl_->layout->Columns().at(index).name; }
 
 const Variant* Recordset::CurrentCell(int column) const { return impl_->Cell(column); }
 
@@ -342,7 +325,7 @@ void Recordset::Collect(int index, const Variant& value) {
   d.RequireWritable();
   if (index < 0 || index >= static_cast<int>(d.Width())) d.Fail("no such column", std::to_string(index));
   if (index == d.key_column)
-    throw StoreError("the column is filled by the store", d.columns[index].name, "it cannot be written: " + d.sql);
+    throw StoreError("the column is filled by the store", d.Column(index).name, "it cannot be written: " + d.sql);
   if (d.mode == Impl::None) {
     if (!d.HasRow()) d.Fail("no current row to write", "the recordset is at EOF or BOF; call AddNew first");
     std::uint32_t row = d.view[d.pos];

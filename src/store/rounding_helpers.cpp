@@ -58,7 +58,7 @@ double RoundTo(float value, int digits) { return RoundDecimal(static_cast<double
 
 double RoundTo(const Variant& value, int digits) { return RoundTo(ValueHelpers::ToAmount(value), digits); }
 
-double RoundTo(const Field& field, int digits) { return RoundTo(field.ValueOrEmpty(), digits); }
+double RoundTo(const Field& field, int digits) { return RoundTo(field.Peek(), digits); }
 
 double DivideExact(double a, double b, int digits) {
   if (b == 0) return 0;

@@ -215,6 +215,19 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
     }
   }
 
+  // Literals of the conditions (WHERE, ON, HAVING) become bound parameters, so that
+  // statements that differ only in a key share one prepared shape. Literals
+  // elsewhere (select list, ORDER BY) stay in the text.
+  bool bind = false;
+  auto literal = [&](Variant value, const std::string& text) {
+    if (bind) {
+      emit.out += '?';
+      result.params.push_back(std::move(value));
+    } else {
+      emit.out += text;
+    }
+  };
+
   const Token* previous = nullptr;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
@@ -224,10 +237,12 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         break;
       case Tok::Word: {
         std::string upper = AsciiUpper(token.text);
+        if (upper == "WHERE" || upper == "ON" || upper == "HAVING") bind = true;
+        if (upper == "ORDER" || upper == "GROUP" || upper == "LIMIT") bind = false;
         if (upper == "FALSE") {
-          emit.out += "0";
+          literal(Variant(static_cast<std::int64_t>(0)), "0");
         } else if (upper == "TRUE") {
-          emit.out += "-1";
+          literal(Variant(static_cast<std::int64_t>(-1)), "-1");
         } else if (dialect == SqlDialect::Postgres && upper == "LCASE") {
           emit.out += "lower";
         } else if (dialect == SqlDialect::Postgres && upper == "UCASE") {
@@ -251,31 +266,37 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         }
         break;
       }
-      case Tok::String:
-        if (token.text.front() == '"') {
-          // Jet reads "text" as a literal; the store wants single quotes.
-          std::string inner(token.text.substr(1, token.text.size() - 2));
-          std::string literal = "'";
-          for (std::size_t k = 0; k < inner.size(); ++k) {
-            if (inner[k] == '"' && k + 1 < inner.size() && inner[k + 1] == '"') ++k;
-            if (inner[k] == '\'') literal += '\'';
-            literal += inner[k];
-          }
-          emit.out += literal + "'";
-        } else {
-          emit.out += token.text;
+      case Tok::String: {
+        // The value between the quotes, a doubled quote standing for one; Jet
+        // also reads "text" as a literal.
+        char quote = token.text.front();
+        std::string value;
+        for (std::size_t k = 1; k + 1 < token.text.size(); ++k) {
+          if (token.text[k] == quote && token.text[k + 1] == quote) ++k;
+          value += token.text[k];
         }
+        std::string text = "'";
+        for (char c : value) text += c == '\'' ? std::string("''") : std::string(1, c);
+        literal(Variant(value), text + "'");
         break;
-      case Tok::Guid:
-        emit.out += '\'';
-        emit.out += NormalizeGuid(token.text);
-        emit.out += '\'';
+      }
+      case Tok::Guid: {
+        std::string id = NormalizeGuid(token.text);
+        literal(Variant(id), "'" + id + "'");
         break;
+      }
       case Tok::DateLit: {
         double day_count = 0;
         if (!ParseDateLiteral(token.text, day_count))
           Refuse(jet_sql, "malformed date literal #" + std::string(token.text) + "#");
-        emit.out += FormatNumber(day_count);
+        literal(Variant(day_count), FormatNumber(day_count));
+        break;
+      }
+      case Tok::Number: {
+        double number = 0;
+        ParseNumber(token.text, number);
+        bool whole = token.text.find_first_of(".eE") == std::string_view::npos && number < 9e18;
+        literal(whole ? Variant(static_cast<std::int64_t>(number)) : Variant(number), std::string(token.text));
         break;
       }
       case Tok::Star:
@@ -285,7 +306,6 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         break;
       case Tok::Semicolon:
         break;
-      case Tok::Number:
       case Tok::Symbol:
         emit.out += token.text;
         break;

@@ -98,14 +98,14 @@ Date ToDate(const Variant& value) {
 
 Variant ToVariantValue(const Variant& value, bool) { return value; }
 
-std::string ToText(const Field& field) { return ToText(field.ValueOrEmpty()); }
-bool ToFlag(const Field& field) { return ToFlag(field.ValueOrEmpty()); }
-std::int32_t ToLong(const Field& field) { return ToLong(field.ValueOrEmpty()); }
-std::int16_t ToInteger(const Field& field) { return ToInteger(field.ValueOrEmpty()); }
-float ToSingle(const Field& field) { return ToSingle(field.ValueOrEmpty()); }
-double ToAmount(const Field& field) { return ToAmount(field.ValueOrEmpty()); }
-Date ToDate(const Field& field) { return ToDate(field.ValueOrEmpty()); }
-Variant ToVariantValue(const Field& field, bool flag) { return ToVariantValue(field.ValueOrEmpty(), flag); }
+std::string ToText(const Field& field) { return ToText(field.Peek()); }
+bool ToFlag(const Field& field) { return ToFlag(field.Peek()); }
+std::int32_t ToLong(const Field& field) { return ToLong(field.Peek()); }
+std::int16_t ToInteger(const Field& field) { return ToInteger(field.Peek()); }
+float ToSingle(const Field& field) { return ToSingle(field.Peek()); }
+double ToAmount(const Field& field) { return ToAmount(field.Peek()); }
+Date ToDate(const Field& field) { return ToDate(field.Peek()); }
+Variant ToVariantValue(const Field& field, bool flag) { return ToVariantValue(field.Peek(), flag); }
 
 bool TextToBool(const std::string& text) {
   std::string folded = FoldCase(TrimBlanks(text));

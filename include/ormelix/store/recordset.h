@@ -37,6 +37,9 @@ class Field {
   bool HasCurrentRow() const;
   Variant Value() const;        // the value; StoreError when there is no current row
   Variant ValueOrEmpty() const; // the value, or Empty when there is no current row
+  // The stored value without a copy: a reference to an Empty value when there is
+  // no current row. Valid until the recordset moves or changes.
+  const Variant& Peek() const;
   const std::string& Name() const;
   int Index() const { return column_; }
 

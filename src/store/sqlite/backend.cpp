@@ -104,16 +104,16 @@ class SqliteBackend final : public Backend {
 
   QueryResult Query(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
-    sqlite3_stmt* stmt = Prepare(sql.text, jet_sql);
-    Bind(stmt, sql.params, jet_sql);
+    CachedStatement& stmt = Prepare(sql.text, jet_sql);
+    Bind(stmt.handle.get(), sql.params, jet_sql);
     return Fetch(stmt, jet_sql);
   }
 
   long Execute(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
-    sqlite3_stmt* stmt = Prepare(sql.text, jet_sql);
-    Bind(stmt, sql.params, jet_sql);
-    Run(stmt, jet_sql);
+    CachedStatement& stmt = Prepare(sql.text, jet_sql);
+    Bind(stmt.handle.get(), sql.params, jet_sql);
+    Run(stmt.handle.get(), jet_sql);
     return sqlite3_changes(db_.get());
   }
 
@@ -141,13 +141,13 @@ class SqliteBackend final : public Backend {
       }
       sql += " (" + names + ") VALUES (" + marks + ")";
     }
-    sqlite3_stmt* stmt = Prepare(sql, sql);
+    sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, values, sql);
     Run(stmt, sql);
     sqlite3_int64 rowid = sqlite3_last_insert_rowid(db_.get());
     std::string select = "SELECT * FROM " + QuoteIdentifier(table) + " WHERE rowid=?";
-    sqlite3_stmt* read = Prepare(select, select);
-    Bind(read, {Variant(static_cast<std::int64_t>(rowid))}, select);
+    CachedStatement& read = Prepare(select, select);
+    Bind(read.handle.get(), {Variant(static_cast<std::int64_t>(rowid))}, select);
     return Fetch(read, select);
   }
 
@@ -159,7 +159,7 @@ class SqliteBackend final : public Backend {
     sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
     std::vector<Variant> params = values;
     params.push_back(row_key);
-    sqlite3_stmt* stmt = Prepare(sql, sql);
+    sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, params, sql);
     Run(stmt, sql);
     if (sqlite3_changes(db_.get()) == 0)
@@ -169,7 +169,7 @@ class SqliteBackend final : public Backend {
 
   void DeleteRow(const std::string& table, const Variant& row_key) override {
     std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
-    sqlite3_stmt* stmt = Prepare(sql, sql);
+    sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, {row_key}, sql);
     Run(stmt, sql);
   }
@@ -206,14 +206,20 @@ class SqliteBackend final : public Backend {
     if (!db_) throw StoreError("the store is closed", std::string(subject));
   }
 
-  sqlite3_stmt* Prepare(const std::string& text, std::string_view subject) {
+  struct CachedStatement {
+    StatementHandle handle;
+    std::list<std::string>::iterator position;
+    std::shared_ptr<const ColumnLayout> layout;  // made at the first fetch
+  };
+
+  CachedStatement& Prepare(const std::string& text, std::string_view subject) {
     RequireOpen(subject);
     auto found = statements_.find(text);
     if (found != statements_.end()) {
       sqlite3_stmt* stmt = found->second.handle.get();
       sqlite3_reset(stmt);
       sqlite3_clear_bindings(stmt);
-      return stmt;
+      return found->second;
     }
     if (statements_.size() >= kStatementCacheLimit) {
       statements_.erase(order_.front());
@@ -231,8 +237,8 @@ class SqliteBackend final : public Backend {
       if (*tail) throw StoreError("only one statement per call", std::string(subject), "text follows the statement");
     }
     order_.push_back(text);
-    auto [it, inserted] = statements_.emplace(text, CachedStatement{std::move(stmt), std::prev(order_.end())});
-    return it->second.handle.get();
+    auto [it, inserted] = statements_.emplace(text, CachedStatement{std::move(stmt), std::prev(order_.end()), nullptr});
+    return it->second;
   }
 
   void Bind(sqlite3_stmt* stmt, const std::vector<Variant>& params, std::string_view subject) {
@@ -275,15 +281,21 @@ class SqliteBackend final : public Backend {
     sqlite3_reset(stmt);
   }
 
-  QueryResult Fetch(sqlite3_stmt* stmt, std::string_view subject) {
-    QueryResult result;
+  QueryResult Fetch(CachedStatement& cached, std::string_view subject) {
+    sqlite3_stmt* stmt = cached.handle.get();
     int count = sqlite3_column_count(stmt);
-    result.columns.reserve(count);
-    for (int i = 0; i < count; ++i) {
-      const char* name = sqlite3_column_name(stmt, i);
-      const char* table = sqlite3_column_table_name(stmt, i);
-      result.columns.push_back({name ? name : "", table ? table : "", AffinityOf(sqlite3_column_decltype(stmt, i))});
+    if (!cached.layout) {
+      std::vector<ColumnInfo> columns;
+      columns.reserve(count);
+      for (int i = 0; i < count; ++i) {
+        const char* name = sqlite3_column_name(stmt, i);
+        const char* table = sqlite3_column_table_name(stmt, i);
+        columns.push_back({name ? name : "", table ? table : "", AffinityOf(sqlite3_column_decltype(stmt, i))});
+      }
+      cached.layout = std::make_shared<const ColumnLayout>(std::move(columns));
     }
+    QueryResult result;
+    result.layout = cached.layout;
     int rc;
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
       for (int i = 0; i < count; ++i) {
@@ -314,11 +326,6 @@ class SqliteBackend final : public Backend {
     sqlite3_reset(stmt);
     return result;
   }
-
-  struct CachedStatement {
-    StatementHandle handle;
-    std::list<std::string>::iterator position;
-  };
 
   DatabaseHandle db_;
   std::string path_;
