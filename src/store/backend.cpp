@@ -1,5 +1,6 @@
 #include "backend.h"
 
+#include "ormelix/error.h"
 #include "ormelix/text.h"
 
 namespace ormelix::detail {
@@ -30,6 +31,33 @@ int ColumnLayout::Lookup(std::string_view name) const {
   auto qualified = qualified_.find(folded);
   if (qualified != qualified_.end()) return qualified->second;
   return -1;
+}
+
+ConnectOptions ParseConnect(const std::string& connect, const std::string& path) {
+  ConnectOptions options;
+  std::string word;
+  auto take = [&] {
+    std::string folded = FoldCase(TrimBlanks(word));
+    word.clear();
+    if (folded.empty() || folded == "sqlite") return;
+    if (folded == "readonly" || folded == "read-only") {
+      options.read_only = true;
+      return;
+    }
+    throw StoreError("unknown store kind or option", path,
+                     "the connect text '" + connect + "' holds '" + folded + "'; expected sqlite and readonly");
+  };
+  for (char c : connect) {
+    if (c == ';' || c == ',') take();
+    else word += c;
+  }
+  take();
+  return options;
+}
+
+std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::string& path) {
+  ParseConnect(connect, path);  // sqlite is the one backend of this build
+  return MakeSqliteBackend();
 }
 
 const TranslatedSql& Backend::Translate(std::string_view jet_sql) {

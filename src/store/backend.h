@@ -93,6 +93,17 @@ class Backend {
   std::unordered_map<std::string, TranslatedSql> translations_;
 };
 
+// What the connect text of a store asks for: the backend ("sqlite", the default)
+// and options ("readonly"), separated by ';' or ','. StoreError naming the path for
+// anything else.
+struct ConnectOptions {
+  std::string backend = "sqlite";
+  bool read_only = false;
+};
+ConnectOptions ParseConnect(const std::string& connect, const std::string& path);
+
+// A backend for the connect text; StoreError for one this build does not have.
+std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::string& path);
 std::shared_ptr<Backend> MakeSqliteBackend();
 
 }  // namespace ormelix::detail

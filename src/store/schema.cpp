@@ -154,10 +154,7 @@ std::string SchemaDdl(StoreKind kind, std::string_view dialect) {
 }
 
 StoreConnectionPtr CreateStore(const std::string& path, StoreKind kind, const std::string& connect) {
-  std::string backend_kind = FoldCase(TrimBlanks(connect));
-  if (!backend_kind.empty() && backend_kind != "sqlite")
-    throw StoreError("unknown store kind", path, "the connect text '" + connect + "' names no backend of this build");
-  std::shared_ptr<detail::Backend> backend = detail::MakeSqliteBackend();
+  std::shared_ptr<detail::Backend> backend = detail::MakeBackend(connect, path);
   backend->Open(path, connect, /*create=*/true);
   try {
     backend->ExecuteNative("BEGIN;\n" + SchemaDdl(kind, "sqlite") + "COMMIT;");

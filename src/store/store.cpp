@@ -6,16 +6,6 @@
 
 namespace ormelix {
 
-namespace {
-
-std::shared_ptr<detail::Backend> MakeBackend(const std::string& connect, const std::string& path) {
-  std::string kind = FoldCase(TrimBlanks(connect));
-  if (kind.empty() || kind == "sqlite") return detail::MakeSqliteBackend();
-  throw StoreError("unknown store kind", path, "the connect text '" + connect + "' names no backend of this build");
-}
-
-}  // namespace
-
 StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}
 
 StoreSession::~StoreSession() = default;
@@ -41,7 +31,7 @@ std::string StoreSession::StorePath() const { return backend_->Path(); }
 std::string StoreSession::StoreConnect() const { return backend_->Connect(); }
 
 std::shared_ptr<StoreConnection> StoreConnection::Open(const std::string& path, const std::string& connect) {
-  auto backend = MakeBackend(connect, path);
+  auto backend = detail::MakeBackend(connect, path);
   backend->Open(path, connect);
   return std::make_shared<StoreConnection>(std::make_shared<StoreSession>(std::move(backend)));
 }

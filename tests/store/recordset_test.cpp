@@ -337,3 +337,20 @@ TEST(StoreOpen, CloseAndReopenWithPathAndConnect) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(StoreOpen, AReadOnlyConnectionReadsAndRefusesWrites) {
+  test::TempDir dir;
+  auto db = test::NewStore(dir);
+  test::AddRow(db, "Basiswerte", {{"Bezeichnung", "Standard"}});
+  std::string path = db->Session().StorePath();
+  auto reader = StoreConnection::Open(path, "sqlite;readonly");
+  EXPECT_EQ(test::CountRows(reader, "Basiswerte"), 1);
+  auto rs = reader->Session().OpenRecordset("SELECT * FROM [Basiswerte]", adOpenDynamic, adLockOptimistic);
+  rs->Collect("Bezeichnung", "changed");
+  EXPECT_THROW(rs->Update(), StoreError);
+  EXPECT_THROW(StoreConnection::Open(path, "oracle"), StoreError);
+}
+
+}  // namespace

@@ -56,33 +56,32 @@ class SqliteBackend final : public Backend {
 
   void Open(const std::string& path, const std::string& connect, bool create) override {
     Close();
+    ConnectOptions options = ParseConnect(connect, path);
     bool memory = path == ":memory:";
     if (create && !memory && std::filesystem::exists(path))
       throw StoreError("cannot create store", path, "the file exists already");
     if (!create && !memory && !std::filesystem::is_regular_file(path))
       throw StoreError("cannot open store", path, "no such file");
     sqlite3* raw = nullptr;
-    int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    int flags = options.read_only && !create ? SQLITE_OPEN_READONLY
+                                             : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
     int rc = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
     DatabaseHandle db(raw);
     if (rc != SQLITE_OK)
       throw StoreError("cannot open store", path, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc), rc);
-    // Reading the schema is what tells a database from any other file.
+    // Reading the schema is what tells a database from any other file. A new store
+    // gets write-ahead logging, which stays with the file; an existing file keeps
+    // the journal it has.
+    std::string setup = "SELECT count(*) FROM sqlite_master; PRAGMA foreign_keys=ON; PRAGMA busy_timeout=5000;";
+    if (create) setup += " PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
     char* error = nullptr;
-    rc = sqlite3_exec(db.get(), "SELECT count(*) FROM sqlite_master", nullptr, nullptr, &error);
+    rc = sqlite3_exec(db.get(), setup.c_str(), nullptr, nullptr, &error);
     if (rc != SQLITE_OK) {
       std::string message = error ? error : sqlite3_errstr(rc);
       sqlite3_free(error);
       throw StoreError("cannot open store", path, message, rc);
     }
-    const char* setup =
-        "PRAGMA foreign_keys=ON; PRAGMA busy_timeout=5000; PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
-    rc = sqlite3_exec(db.get(), setup, nullptr, nullptr, &error);
-    if (rc != SQLITE_OK) {
-      std::string message = error ? error : sqlite3_errstr(rc);
-      sqlite3_free(error);
-      throw StoreError("cannot open store", path, message, rc);
-    }
+    if (!create) sqlite3_exec(db.get(), "PRAGMA synchronous=NORMAL;", nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(db.get(), "LCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LcaseFunction,
                                nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(db.get(), "UCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, UcaseFunction,
