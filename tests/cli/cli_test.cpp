@@ -1,0 +1,90 @@
+// The ormelix command line, run as a program.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "support/json_reader.h"
+#include "support/run_tool.h"
+#include "support/test_store.h"
+
+using namespace ormelix;
+using test::JsonValue;
+using test::RunTool;
+
+namespace {
+
+int Lines(const std::string& text) { return static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
+
+TEST(Cli, InitThenShowOnTheEmptyStore) {
+  test::TempDir dir;
+  auto run = RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string());
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(std::filesystem::exists(dir.Path() / "payroll.db"));
+  EXPECT_TRUE(std::filesystem::exists(dir.Path() / "reference.db"));
+  auto show = RunTool({"show", "--store", dir.Path().string(), "employers", "--json"});
+  ASSERT_EQ(show.status, 0) << show.err;
+  JsonValue document = JsonValue::Parse(show.out);
+  EXPECT_EQ(document["employers"].kind(), JsonValue::Array);
+  EXPECT_EQ(document["employers"].Size(), 0u);
+}
+
+TEST(Cli, InitOverwritesNothing) {
+  test::TempDir dir;
+  {
+    std::ofstream out(dir.File("payroll.db"));
+    out << "keep";
+  }
+  auto run = RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(Lines(run.err), 1) << run.err;
+  EXPECT_NE(run.err.find("exists already"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir.Path() / "reference.db"));
+  std::ifstream in(dir.File("payroll.db"));
+  std::string content;
+  in >> content;
+  EXPECT_EQ(content, "keep");
+}
+
+TEST(Cli, BadInputGivesOneLineAndStatusTwo) {
+  test::TempDir dir;
+  ASSERT_EQ(RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string()).status, 0);
+  {
+    std::ofstream out(dir.File("notes.txt"));
+    out << "no database here, just some words that are long enough to fill a page header";
+  }
+  struct Case {
+    std::vector<std::string> args;
+    std::string expected;
+  } cases[] = {
+      {{"show", "--store", dir.File("missing.db"), "employers"}, "no payroll store at"},
+      {{"show", "--store", dir.File("notes.txt"), "employers"}, "not a database"},
+      {{"show", "--store", dir.File("reference.db"), "employers"}, "is no payroll store"},
+      {{"show", "--store", dir.Path().string(), "salaries"}, "unknown show 'salaries'"},
+      {{"show", "--store", dir.Path().string()}, "show needs WHAT"},
+      {{"show", "--store", dir.Path().string(), "employers", "--bogus"}, "unexpected argument '--bogus'"},
+      {{"frobnicate"}, "unknown command 'frobnicate'"},
+      {{"init", "only-one.db"}, "init needs two files"},
+  };
+  for (const Case& c : cases) {
+    auto run = RunTool(c.args, dir.Path().string());
+    EXPECT_EQ(run.status, 2) << c.expected << ": " << run.err;
+    EXPECT_EQ(Lines(run.err), 1) << run.err;
+    EXPECT_NE(run.err.find(c.expected), std::string::npos) << run.err;
+    EXPECT_TRUE(run.out.empty()) << run.out;
+  }
+}
+
+TEST(Cli, HelpDescribesEveryCommand) {
+  auto run = RunTool({"--help"});
+  EXPECT_EQ(run.status, 0);
+  for (const char* command : {"init", "demo", "show"}) {
+    EXPECT_NE(run.out.find(command), std::string::npos) << command;
+    auto help = RunTool({command, "--help"});
+    EXPECT_EQ(help.status, 0) << command;
+    EXPECT_NE(help.out.find(std::string("usage: ormelix ") + command), std::string::npos) << help.out;
+  }
+  EXPECT_NE(RunTool({"show", "--help"}).out.find("--json"), std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,94 @@
+#include "cli.h"
+
+#include <unistd.h>
+
+#include <cctype>
+#include <cstdio>
+
+namespace cli {
+
+bool Arguments::Help() const {
+  for (const std::string& word : words_)
+    if (word == "--help" || word == "-h") return true;
+  return false;
+}
+
+bool Arguments::TakeFlag(const std::string& name) {
+  for (auto it = words_.begin(); it != words_.end(); ++it) {
+    if (*it == "--" + name) {
+      words_.erase(it);
+      return true;
+    }
+  }
+  return false;
+}
+
+std::optional<std::string> Arguments::TakeOption(const std::string& name) {
+  const std::string option = "--" + name;
+  for (auto it = words_.begin(); it != words_.end(); ++it) {
+    if (*it == option) {
+      if (it + 1 == words_.end() || (it + 1)->rfind("--", 0) == 0)
+        throw UsageError("option " + option + " needs a value");
+      std::string value = *(it + 1);
+      words_.erase(it, it + 2);
+      return value;
+    }
+    if (it->rfind(option + "=", 0) == 0) {
+      std::string value = it->substr(option.size() + 1);
+      words_.erase(it);
+      return value;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> Arguments::TakePositional() {
+  for (auto it = words_.begin(); it != words_.end(); ++it) {
+    if (it->rfind("--", 0) != 0) {
+      std::string value = *it;
+      words_.erase(it);
+      return value;
+    }
+  }
+  return std::nullopt;
+}
+
+void Arguments::ExpectEnd(const std::string& usage) const {
+  if (!words_.empty()) throw UsageError("unexpected argument '" + words_.front() + "'; usage: " + usage);
+}
+
+std::int32_t ParsePeriod(const std::string& text) {
+  bool digits = text.size() == 6;
+  for (char c : text) digits = digits && std::isdigit(static_cast<unsigned char>(c));
+  int month = digits ? std::stoi(text.substr(4)) : 0;
+  if (!digits || month < 1 || month > 12)
+    throw UsageError("period '" + text + "' is not YYYYMM with a month from 01 to 12 (e.g. 202503)");
+  return std::stoi(text);
+}
+
+std::int16_t ParseYear(const std::string& text) {
+  bool digits = text.size() == 4;
+  for (char c : text) digits = digits && std::isdigit(static_cast<unsigned char>(c));
+  if (!digits) throw UsageError("year '" + text + "' is not a four-digit year (e.g. 2025)");
+  return static_cast<std::int16_t>(std::stoi(text));
+}
+
+bool IsTerminal(int fd) { return isatty(fd) == 1; }
+
+Progress::Progress(std::string label, long total)
+    : label_(std::move(label)), total_(total), visible_(IsTerminal(2) && total > 0) {}
+
+Progress::~Progress() {
+  if (visible_ && shown_ >= 0) std::fprintf(stderr, "\r%s %ld/%ld\n", label_.c_str(), total_, total_);
+}
+
+void Progress::Step(long done) {
+  if (!visible_) return;
+  long percent = done * 100 / total_;
+  if (percent == shown_) return;
+  shown_ = percent;
+  std::fprintf(stderr, "\r%s %ld/%ld (%ld%%)", label_.c_str(), done, total_, percent);
+  std::fflush(stderr);
+}
+
+}  // namespace cli

@@ -1,0 +1,36 @@
+#include <iostream>
+
+#include "demo.h"
+#include "ormelix/employer/mandant.h"
+#include "ormelix/store/date_helpers.h"
+
+namespace cli {
+
+using ormelix::DateHelpers::DateSerial;
+
+void BuildDemo(ormelix::clsManager& manager, std::ostream& out) {
+  auto employer = std::make_shared<ormelix::clsMandant>();
+  employer->InitLohnDB(manager.AktDB());
+  employer->InitImportDB(manager.ImportDB());
+  employer->Name = "Alpenblick Gastronomie GmbH";
+  employer->Zusatz = "Hotel und Restaurant";
+  employer->Strasse = "Mariahilfer Straße 88";
+  employer->KFZ = "A";
+  employer->PLZ = "1070";
+  employer->Ort = "Wien";
+  employer->Telefon = "+43 1 523 44 00";
+  employer->Telefax = "+43 1 523 44 09";
+  // Update writes EMail to the column Homepage and Homepage to EMail; a host hands
+  // them over crosswise so that the columns (and every later load) come out right.
+  employer->EMail = "www.alpenblick.example";
+  employer->Homepage = "lohn@alpenblick.example";
+  employer->DVR = "0815470";
+  employer->Betriebsart = "Beherbergung und Gastronomie";
+  employer->Update();
+  manager.ChangeAktMandant(employer->ID());
+  out << "Employer " << employer->Name << " (" << employer->ID() << ")\n";
+}
+
+void WalkDemoMonth(ormelix::clsManager&, std::ostream&) {}
+
+}  // namespace cli

@@ -1,0 +1,58 @@
+// ormelix demo: builds a demo payroll store through the library's object model and
+// walks one employee's month through it, the way a host does.
+#include <ctime>
+#include <filesystem>
+#include <iostream>
+
+#include "commands.h"
+#include "demo.h"
+#include "ormelix/store/schema.h"
+
+namespace cli {
+
+const char* const kDemoHelp =
+    "usage: ormelix demo [DIR]\n"
+    "  Builds a demo payroll store and reference store in DIR (default: a fresh folder\n"
+    "  ormelix-demo-YYYYMMDD-HHMMSS in the current folder) through the library's own\n"
+    "  objects: a Standard folder of base values with dated tables of 2024 and 2025\n"
+    "  carrying Austrian statutory figures, a restore folder, one employer and five\n"
+    "  employees with pay months of 2024 and 2025. Then it walks one employee's month\n"
+    "  the way a payroll host does and prints it. DIR must not hold stores already.\n";
+
+namespace {
+
+std::filesystem::path FreshFolder() {
+  std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char stamp[32];
+  std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", &local);
+  std::filesystem::path folder = std::string("ormelix-demo-") + stamp;
+  for (int n = 2; std::filesystem::exists(folder); ++n)
+    folder = std::string("ormelix-demo-") + stamp + "-" + std::to_string(n);
+  return folder;
+}
+
+}  // namespace
+
+int Demo(Arguments args) {
+  std::optional<std::string> dir = args.TakePositional();
+  args.ExpectEnd("ormelix demo [DIR]");
+  std::filesystem::path folder = dir ? std::filesystem::path(*dir) : FreshFolder();
+  std::filesystem::path payroll = folder / "payroll.db";
+  std::filesystem::path reference = folder / "reference.db";
+  for (const auto& path : {payroll, reference})
+    if (std::filesystem::exists(path))
+      throw UsageError("'" + path.string() + "' exists already; expected a folder without stores (or none)");
+  std::filesystem::create_directories(folder);
+  ormelix::CreateStore(payroll.string(), ormelix::StoreKind::Payroll);
+  ormelix::CreateStore(reference.string(), ormelix::StoreKind::Reference);
+  std::cout << "Demo stores in " << folder.string() << "/\n";
+
+  auto manager = OpenStores(folder.string(), /*read_only=*/false);
+  BuildDemo(*manager, std::cout);
+  WalkDemoMonth(*manager, std::cout);
+  return 0;
+}
+
+}  // namespace cli

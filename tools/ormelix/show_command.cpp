@@ -1,0 +1,115 @@
+// ormelix show: a read-only look into any store.
+#include <algorithm>
+#include <iostream>
+
+#include "commands.h"
+#include "json.h"
+#include "ormelix/employer/mandant.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/value_helpers.h"
+#include "show.h"
+#include "table.h"
+
+namespace cli {
+
+const char* const kShowHelp =
+    "usage: ormelix show [--store PATH] WHAT [OPTIONS] [--json]\n"
+    "  Shows what a store holds, read-only. PATH is a payroll store file or a folder with\n"
+    "  payroll.db (and reference.db); the default is the current folder.\n"
+    "\n"
+    "  employers                           the employers\n"
+    "  employees --year YYYY [--sort name] [--employer ID]\n"
+    "                                      the employees of an employer in that year, by\n"
+    "                                      Personalnummer (default) or by name\n"
+    "  base --period YYYYMM [--folder NAME]\n"
+    "                                      the dated table in force for the period, in the\n"
+    "                                      Standard folder or the named one, with all values\n"
+    "  month --employee ID --period YYYYMM [--employer ID]\n"
+    "                                      an employee's master data and pay month\n"
+    "\n"
+    "  --json   print one JSON document instead of tables\n";
+
+namespace {
+
+std::vector<std::string> EmployerIds(ormelix::clsManager& manager) {
+  std::vector<std::string> ids;
+  auto rs = manager.AktDB()->Session().OpenRecordset("SELECT [ID] FROM [Mandanten] ORDER BY [Name] ASC, [Nr] ASC");
+  for (; !rs->Eof(); rs->MoveNext()) ids.push_back(ormelix::ValueHelpers::ToText(rs->Fields("ID")));
+  return ids;
+}
+
+int ShowEmployers(ormelix::clsManager& manager, Arguments& args, bool as_json) {
+  args.ExpectEnd("ormelix show employers [--json]");
+  json::Value list = json::Value::MakeArray();
+  TextTable table;
+  for (const char* header : {"ID", "Name", "Zusatz", "Anschrift", "DVR"}) table.Column(header);
+  for (const std::string& id : EmployerIds(manager)) {
+    manager.ChangeAktMandant(id);
+    const ormelix::clsMandant& m = *manager.AktMandant();
+    list.Push(EmployerJson(m));
+    table.Row({m.ID(), m.Name, m.Zusatz, m.Strasse + ", " + m.PLZ + " " + m.Ort, m.DVR});
+  }
+  if (as_json) {
+    json::Value document = json::Value::MakeObject();
+    document.Set("employers", std::move(list));
+    std::cout << document.Dump();
+  } else {
+    table.Print(std::cout);
+  }
+  return 0;
+}
+
+}  // namespace
+
+json::Value EmployerJson(const ormelix::clsMandant& m) {
+  using ormelix::DateHelpers::FormatDate;
+  json::Value e = json::Value::MakeObject();
+  e.Set("ID", m.ID());
+  e.Set("Name", m.Name);
+  e.Set("Zusatz", m.Zusatz);
+  e.Set("Strasse", m.Strasse);
+  e.Set("KFZ", m.KFZ);
+  e.Set("PLZ", m.PLZ);
+  e.Set("Ort", m.Ort);
+  e.Set("Telefon", m.Telefon);
+  e.Set("Telefax", m.Telefax);
+  e.Set("EMail", m.EMail);
+  e.Set("Homepage", m.Homepage);
+  e.Set("DVR", m.DVR);
+  e.Set("Neufög", m.Neufög);
+  e.Set("Neufög_Von", FormatDate(m.Neufög_Von));
+  e.Set("Neufög_Bis", FormatDate(m.Neufög_Bis));
+  e.Set("NeufögV", m.NeufögV);
+  e.Set("NeufögV_Von", FormatDate(m.NeufögV_Von));
+  e.Set("Betriebsart", m.Betriebsart);
+  e.Set("BuchungslisteELGesamt", m.BuchungslisteELGesamt);
+  return e;
+}
+
+std::string SelectEmployer(ormelix::clsManager& manager, const std::optional<std::string>& wanted) {
+  std::vector<std::string> ids = EmployerIds(manager);
+  if (ids.empty()) throw UsageError("the store holds no employer");
+  std::string id = ids.front();
+  if (wanted) {
+    id = ormelix::ValueHelpers::SqlID(*wanted);
+    if (!ormelix::DateHelpers::IsID(ormelix::Variant(id)) || std::find(ids.begin(), ids.end(), id) == ids.end())
+      throw UsageError("unknown employer '" + *wanted + "'; expected the ID of one of: ormelix show employers");
+  }
+  manager.ChangeAktMandant(id);
+  return id;
+}
+
+int Show(Arguments args) {
+  std::string where = args.TakeOption("store").value_or(".");
+  bool as_json = args.TakeFlag("json");
+  std::optional<std::string> what = args.TakePositional();
+  if (!what) throw UsageError("show needs WHAT: employers, employees, base or month (see ormelix show --help)");
+  auto manager = OpenStores(where, /*read_only=*/true);
+  if (*what == "employers") return ShowEmployers(*manager, args, as_json);
+  if (*what == "employees") return ShowEmployees(*manager, args, as_json);
+  if (*what == "base") return ShowBase(*manager, args, as_json);
+  if (*what == "month") return ShowMonth(*manager, args, as_json);
+  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base or month");
+}
+
+}  // namespace cli
