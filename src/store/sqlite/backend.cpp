@@ -271,13 +271,16 @@ class SqliteBackend final : public Backend {
   void Run(sqlite3_stmt* stmt, std::string_view subject) {
     int rc = sqlite3_step(stmt);
     while (rc == SQLITE_ROW) rc = sqlite3_step(stmt);
-    if (rc != SQLITE_DONE) {
-      std::string message = sqlite3_errmsg(db_.get());
-      int code = sqlite3_extended_errcode(db_.get());
-      sqlite3_reset(stmt);
-      throw StoreError("statement refused by the store", std::string(subject), message, code);
-    }
+    if (rc != SQLITE_DONE) Refused(stmt, subject);
     sqlite3_reset(stmt);
+  }
+
+  // The failure of a step: the store's message and number, the statement reset.
+  [[noreturn]] void Refused(sqlite3_stmt* stmt, std::string_view subject) {
+    std::string message = sqlite3_errmsg(db_.get());
+    int code = sqlite3_extended_errcode(db_.get());
+    sqlite3_reset(stmt);
+    throw StoreError("statement refused by the store", std::string(subject), message, code);
   }
 
   QueryResult Fetch(CachedStatement& cached, std::string_view subject) {
@@ -316,12 +319,7 @@ class SqliteBackend final : public Backend {
         }
       }
     }
-    if (rc != SQLITE_DONE) {
-      std::string message = sqlite3_errmsg(db_.get());
-      int code = sqlite3_extended_errcode(db_.get());
-      sqlite3_reset(stmt);
-      throw StoreError("statement refused by the store", std::string(subject), message, code);
-    }
+    if (rc != SQLITE_DONE) Refused(stmt, subject);
     sqlite3_reset(stmt);
     return result;
   }
