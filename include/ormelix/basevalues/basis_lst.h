@@ -1,0 +1,63 @@
+// LBasis_LST: the wage-tax bands of a dated table (a list of any length, without
+// keys) and four statutory amounts. The bands are stored anew on every save; the
+// order in memory is that of Add, and only a load sorts them by Von. A load
+// appends to the list, so a Refresh without a Clear before it doubles the bands.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "ormelix/collection.h"
+#include "ormelix/store/variant.h"
+
+namespace ormelix {
+
+class LBasis_LST_Werte {
+ public:
+  double Von = 0;
+  double Bis = 0;
+  double steuersatz = 0;
+  double unbeschraenkt = 0;
+  double beschraenkt = 0;
+
+  // Library-internal: the ID of the row the band was loaded from. A save stores
+  // every band under a new ID, so this is stale after any Update.
+  const std::string& ID() const { return id_; }
+  void SetID(std::string pID) { id_ = std::move(pID); }
+
+ private:
+  std::string id_;
+};
+
+class LBasis_LST {
+ public:
+  using Wert = std::shared_ptr<LBasis_LST_Werte>;
+
+  LBasis_LST() : werte_("the wage-tax bands") {}
+
+  // Appends the band (no key) and hands the same object back in the argument.
+  // An unset object is refused (Error).
+  void Add(Wert& pLSTWert);
+  // Removes the band at that position, from 1; KeyNotFound for a bad position.
+  void Remove(std::int16_t pIndex) { werte_.Remove(Variant(pIndex)); }
+  const Wert& Item(std::int16_t pIndex) const { return werte_.Item(Variant(pIndex)); }
+  Collection<LBasis_LST_Werte>::const_iterator begin() const { return werte_.begin(); }
+  Collection<LBasis_LST_Werte>::const_iterator end() const { return werte_.end(); }
+  long Count() const { return werte_.Count(); }
+  // Empties the list in memory only; the result is always empty.
+  Variant Clear() {
+    werte_.Clear();
+    return {};
+  }
+
+  double FreibetragGemäß68Abs1EStG = 0;
+  double FreibetragGemäß68Abs6EStG = 0;
+  double LStFreieÜberstundenGemäß68Abs2EStG = 0;
+  double ObergrenzeFürLStFeieÜberstundenGemäß68Abs2EStG = 0;
+
+ private:
+  Collection<LBasis_LST_Werte> werte_;
+};
+
+}  // namespace ormelix

@@ -1,0 +1,76 @@
+// Library-internal idioms shared by the base-value table routines: the sorted
+// insertion of folders and tables, and the load and save of a table that has one
+// row per dated table and no rows below it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "basis_store.h"
+#include "ormelix/collection.h"
+#include "ormelix/store/columns.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/value_helpers.h"
+
+namespace ormelix::modBasiswerte::detail {
+
+// Puts the item into the collection beside its neighbour in the sorted recordset:
+// behind the row before it, or, for the first row, before the row after it. An
+// item whose row has no neighbour is left out of the collection on purpose; a
+// neighbour that is not in the collection is the collection's KeyNotFound.
+template <class T>
+void InsertBesideNeighbour(Recordset& sorted, Collection<T>& collection, const std::shared_ptr<T>& item) {
+  const std::string key = item->ID();
+  sorted.Find("[ID]=" + key);
+  sorted.MovePrevious();
+  if (!sorted.Bof()) {
+    collection.Add(item, key, {}, Variant(ValueHelpers::ToText(sorted.Fields("ID"))));
+    return;
+  }
+  sorted.Find("[ID]=" + key);
+  sorted.MoveNext();
+  if (!sorted.Eof()) collection.Add(item, key, Variant(ValueHelpers::ToText(sorted.Fields("ID"))));
+}
+
+// "SELECT * FROM [table] WHERE [ZeittabellenID]=" and the table's ID.
+inline std::string RowOfTable(const char* table, const std::string& zeittabellen_id) {
+  return std::string("SELECT * FROM [") + table + "] WHERE [ZeittabellenID]=" + ValueHelpers::SqlID(zeittabellen_id);
+}
+
+// A table of one row per dated table: read its columns if the row is there.
+template <class T>
+void LoadSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& columns, T& target,
+                   const std::string& zeittabellen_id) {
+  auto rs = OpenRead(manager, RowOfTable(table, zeittabellen_id));
+  if (!rs->Eof()) columns.Load(target, *rs);
+  rs->Close();
+}
+
+// The same for the save: the row is added with its key when missing.
+template <class T>
+void SaveSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& columns, T& target,
+                   const std::string& zeittabellen_id) {
+  auto rs = OpenWrite(manager, RowOfTable(table, zeittabellen_id));
+  if (rs->Eof()) {
+    rs->AddNew();
+    rs->Collect("ZeittabellenID", zeittabellen_id);
+  }
+  columns.Save(target, *rs);
+  rs->Update();
+  rs->Close();
+}
+
+// The head row of a table with value rows below it: added with its key when
+// missing, written, and its ID handed back.
+template <class T>
+std::string SaveHeadRow(Recordset& rs, const ColumnSet<T>& columns, T& target, const std::string& zeittabellen_id) {
+  if (rs.Eof()) {
+    rs.AddNew();
+    rs.Collect("ZeittabellenID", zeittabellen_id);
+  }
+  columns.Save(target, rs);
+  rs.Update();
+  return DateHelpers::GetNewRowID(rs);
+}
+
+}  // namespace ormelix::modBasiswerte::detail

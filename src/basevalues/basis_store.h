@@ -1,0 +1,31 @@
+// Library-internal helpers of the base-value routines: the store of the session,
+// and the refusal of unset value objects.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "ormelix/error.h"
+#include "ormelix/session/manager.h"
+#include "ormelix/store/recordset.h"
+#include "ormelix/store/store.h"
+
+namespace ormelix::modBasiswerte::detail {
+
+// The StoreSession of the session's payroll store; Error when none is set.
+StoreSession& Store(clsManager& manager);
+
+// Statements opened forward-only and read-only, or dynamic and optimistic.
+std::unique_ptr<Recordset> OpenRead(clsManager& manager, const std::string& sql);
+std::unique_ptr<Recordset> OpenWrite(clsManager& manager, const std::string& sql);
+
+// The owning session of a back reference, as the routines that take it need it.
+std::shared_ptr<clsManager> Shared(clsManager& manager);
+
+template <class T>
+std::shared_ptr<T> RequireObject(std::shared_ptr<T> object, const char* property) {
+  if (!object) throw Error(std::string(property) + ": an object is required, not an unset reference");
+  return object;
+}
+
+}  // namespace ormelix::modBasiswerte::detail

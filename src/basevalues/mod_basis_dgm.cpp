@@ -1,0 +1,103 @@
+// Marginal employment: Basiswerte_Zeittabelle_DG_Geringfügig (one row per dated
+// table, which also carries SA.GrenzbetragGeringBeschaeftigte) and the two rows of
+// Basiswerte_Zeittabelle_DG_Geringfügig_Werte (24 Angestellte, 25 Arbeiter), read
+// from one recordset over the whole value table, picked by Filter.
+#include <string>
+
+#include "basis_rows.h"
+#include "basis_store.h"
+#include "ormelix/basevalues/basis_columns.h"
+#include "ormelix/basevalues/mod_basiswerte.h"
+#include "ormelix/store/value_helpers.h"
+
+namespace ormelix::modBasiswerte {
+
+using namespace ValueHelpers;
+
+namespace {
+
+constexpr const char* kHead = "Basiswerte_Zeittabelle_DG_Geringfügig";
+constexpr const char* kAllValues = "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig_Werte]";
+constexpr int kGroups[] = {eBasisDGGeringfügigAngestellte, eBasisdgGeringfügigArbeiter};
+
+// The cell of one kind of contribution for the row's group.
+template <const LBasis_DG_GF::Wert& (LBasis_DG_GF::*Kind)() const>
+PropertyRef Cell(DGMRow& r) {
+  LBasis_DG_GF_Wert& wert = *((*r.dgm).*Kind)();
+  return r.group == eBasisDGGeringfügigAngestellte ? &wert.Angestellte : &wert.Arbeiter;
+}
+
+std::string ValueRow(const std::string& dg_id, int group) {
+  return "[DGID]=" + dg_id + " AND [DNGruppe]=" + std::to_string(group);
+}
+
+}  // namespace
+
+const ColumnSet<DGMHead>& DGMColumns() {
+  static const ColumnSet<DGMHead> columns{
+      {"Prozent", [](DGMHead& h) -> PropertyRef { return &h.sa->GrenzbetragGeringBeschaeftigte()->Prozent; },
+       LoadAs::Round2, SaveAs::Direct},
+      {"Grenzbetrag", [](DGMHead& h) -> PropertyRef { return &h.sa->GrenzbetragGeringBeschaeftigte()->Obergrenze; },
+       LoadAs::Round2, SaveAs::Direct},
+      {"Lohnsumme", [](DGMHead& h) -> PropertyRef { return &h.dgm->GrenzbetragMinderBeschaeftigte; },
+       LoadAs::Round2, SaveAs::Direct},
+  };
+  return columns;
+}
+
+const ColumnSet<DGMRow>& DGMWerteColumns() {
+  using G = LBasis_DG_GF;
+  static const ColumnSet<DGMRow> columns{
+      {"SV_Laufend", Cell<&G::SV_Laufend>, LoadAs::Round2, SaveAs::Direct},
+      {"SV_Sonderzahlung", Cell<&G::SV_Sonderzahlung>, LoadAs::Round2, SaveAs::Direct},
+      {"FALAST", Cell<&G::FALAST>, LoadAs::Round2, SaveAs::Direct},
+      {"FALASTLGV", Cell<&G::FALASTLGV>, LoadAs::Round2, SaveAs::Direct},
+      {"DZ", Cell<&G::DZ>, LoadAs::Round2, SaveAs::Direct},
+      {"Kommunalsteuer", Cell<&G::Kommunalsteuer>, LoadAs::Round2, SaveAs::Direct},
+      {"UBahn", Cell<&G::U_Bahn>, LoadAs::Round2, SaveAs::Direct},
+      {"Produktivitaetsfaktor", Cell<&G::Produktivitaetsfaktor>, LoadAs::Round2, SaveAs::Direct},
+  };
+  return columns;
+}
+
+void LoadBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID) {
+  auto head = detail::OpenRead(pManager, detail::RowOfTable(kHead, pZeittabellenID));
+  if (head->Eof()) {
+    head->Close();
+    return;
+  }
+  DGMHead target{&pDGM, &pSA};
+  DGMColumns().Load(target, *head);
+  std::string dg_id = ToText(head->Fields("ID"));
+  auto values = detail::OpenRead(pManager, kAllValues);
+  std::vector<int> bound = DGMWerteColumns().Bind(*values);
+  for (int group : kGroups) {
+    values->Filter(ValueRow(dg_id, group));
+    DGMRow row{&pDGM, group};
+    if (!values->Eof()) DGMWerteColumns().Load(row, *values, bound);
+  }
+  head->Close();
+  values->Close();
+}
+
+void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID) {
+  auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
+  DGMHead target{&pDGM, &pSA};
+  std::string dg_id = detail::SaveHeadRow(*head, DGMColumns(), target, pZeittabellenID);
+  head->Close();
+  auto values = detail::OpenWrite(pManager, kAllValues);
+  for (int group : kGroups) {
+    values->Filter(ValueRow(dg_id, group));
+    if (values->Eof()) {
+      values->AddNew();
+      values->Collect("DGID", dg_id);
+      values->Collect("DNGruppe", static_cast<std::int32_t>(group));
+    }
+    DGMRow row{&pDGM, group};
+    DGMWerteColumns().Save(row, *values);
+    values->Update();
+  }
+  values->Close();
+}
+
+}  // namespace ormelix::modBasiswerte
