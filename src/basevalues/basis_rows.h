@@ -3,8 +3,10 @@
 // row per dated table and no rows below it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "basis_store.h"
 #include "ormelix/collection.h"
@@ -71,6 +73,42 @@ std::string SaveHeadRow(Recordset& rs, const ColumnSet<T>& columns, T& target, c
   columns.Save(target, rs);
   rs.Update();
   return DateHelpers::GetNewRowID(rs);
+}
+
+// The value row of one group below a head row, in a recordset over the whole value
+// table, picked by Filter on the parent's ID and the group's number.
+struct GroupRow {
+  const char* parent_column;
+  const std::string& parent_id;
+  const char* group_column;
+  int group;
+
+  std::string Criteria() const {
+    return "[" + std::string(parent_column) + "]=" + parent_id + " AND [" + group_column + "]=" + std::to_string(group);
+  }
+};
+
+// Reads the group's row if there is one; without one the target stays as it is.
+template <class T>
+void LoadGroupRow(Recordset& values, const GroupRow& row, const ColumnSet<T>& columns, T& target,
+                  const std::vector<int>& bound) {
+  values.Filter(row.Criteria());
+  if (!values.Eof()) columns.Load(target, values, bound);
+  values.Filter("");
+}
+
+// Writes the group's row, adding it with its parent and group when missing.
+template <class T>
+void SaveGroupRow(Recordset& values, const GroupRow& row, const ColumnSet<T>& columns, T& target) {
+  values.Filter(row.Criteria());
+  if (values.Eof()) {
+    values.AddNew();
+    values.Collect(row.parent_column, row.parent_id);
+    values.Collect(row.group_column, static_cast<std::int32_t>(row.group));
+  }
+  columns.Save(target, values);
+  values.Update();
+  values.Filter("");
 }
 
 }  // namespace ormelix::modBasiswerte::detail

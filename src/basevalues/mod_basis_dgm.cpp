@@ -27,9 +27,7 @@ PropertyRef Cell(DGMRow& r) {
   return r.group == eBasisDGGeringfügigAngestellte ? &wert.Angestellte : &wert.Arbeiter;
 }
 
-std::string ValueRow(const std::string& dg_id, int group) {
-  return "[DGID]=" + dg_id + " AND [DNGruppe]=" + std::to_string(group);
-}
+detail::GroupRow ValueRow(const std::string& dg_id, int group) { return {"DGID", dg_id, "DNGruppe", group}; }
 
 }  // namespace
 
@@ -72,9 +70,8 @@ void LoadBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, cons
   auto values = detail::OpenRead(pManager, kAllValues);
   std::vector<int> bound = DGMWerteColumns().Bind(*values);
   for (int group : kGroups) {
-    values->Filter(ValueRow(dg_id, group));
     DGMRow row{&pDGM, group};
-    if (!values->Eof()) DGMWerteColumns().Load(row, *values, bound);
+    detail::LoadGroupRow(*values, ValueRow(dg_id, group), DGMWerteColumns(), row, bound);
   }
   head->Close();
   values->Close();
@@ -87,15 +84,8 @@ void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, cons
   head->Close();
   auto values = detail::OpenWrite(pManager, kAllValues);
   for (int group : kGroups) {
-    values->Filter(ValueRow(dg_id, group));
-    if (values->Eof()) {
-      values->AddNew();
-      values->Collect("DGID", dg_id);
-      values->Collect("DNGruppe", static_cast<std::int32_t>(group));
-    }
     DGMRow row{&pDGM, group};
-    DGMWerteColumns().Save(row, *values);
-    values->Update();
+    detail::SaveGroupRow(*values, ValueRow(dg_id, group), DGMWerteColumns(), row);
   }
   values->Close();
 }

@@ -19,28 +19,7 @@ namespace {
 constexpr const char* kHead = "Basiswerte_Zeittabelle_SA";
 constexpr const char* kAllValues = "SELECT * FROM [Basiswerte_Zeittabelle_SA_Werte]";
 
-std::string ValueRow(const std::string& parent_id, int group) {
-  return "[SAID]=" + parent_id + " AND [VGruppe]=" + std::to_string(group);
-}
-
-void LoadBasisSAWert(LBasis_SA_Wert& wert, Recordset& values, const std::vector<int>& bound,
-                     const std::string& parent_id, int group) {
-  values.Filter(ValueRow(parent_id, group));
-  if (!values.Eof()) SAWerteColumns().Load(wert, values, bound);
-  values.Filter("");
-}
-
-void SaveBasisSAWert(LBasis_SA_Wert& wert, Recordset& values, const std::string& parent_id, int group) {
-  values.Filter(ValueRow(parent_id, group));
-  if (values.Eof()) {
-    values.AddNew();
-    values.Collect("SAID", parent_id);
-    values.Collect("VGruppe", static_cast<std::int32_t>(group));
-  }
-  SAWerteColumns().Save(wert, values);
-  values.Update();
-  values.Filter("");
-}
+detail::GroupRow ValueRow(const std::string& parent_id, int group) { return {"SAID", parent_id, "VGruppe", group}; }
 
 }  // namespace
 
@@ -85,7 +64,7 @@ void LoadBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeitt
     std::string parent_id = ToText(head->Fields("ID"));
     std::vector<int> bound = SAWerteColumns().Bind(*values);
     for (eBasisSAVersicherungsgruppe group : SAGruppen())
-      LoadBasisSAWert(*pSA.Gruppe(group), *values, bound, parent_id, group);
+      detail::LoadGroupRow(*values, ValueRow(parent_id, group), SAWerteColumns(), *pSA.Gruppe(group), bound);
   }
   // Read whether or not there is a row: without one they read as 0.
   SAColumns().Load(pSA, *head);
@@ -97,7 +76,8 @@ void SaveBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeitt
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   auto values = detail::OpenWrite(pManager, kAllValues);
   std::string parent_id = detail::SaveHeadRow(*head, SAColumns(), pSA, pZeittabellenID);
-  for (eBasisSAVersicherungsgruppe group : SAGruppen()) SaveBasisSAWert(*pSA.Gruppe(group), *values, parent_id, group);
+  for (eBasisSAVersicherungsgruppe group : SAGruppen())
+    detail::SaveGroupRow(*values, ValueRow(parent_id, group), SAWerteColumns(), *pSA.Gruppe(group));
   head->Close();
   values->Close();
 }

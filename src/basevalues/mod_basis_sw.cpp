@@ -18,28 +18,7 @@ namespace {
 constexpr const char* kHead = "Basiswerte_Zeittabelle_SW";
 constexpr const char* kAllValues = "SELECT * FROM [Basiswerte_Zeittabelle_SW_Werte]";
 
-std::string ValueRow(const std::string& parent_id, int group) {
-  return "[SWID]=" + parent_id + " AND [DNGruppe]=" + std::to_string(group);
-}
-
-void LoadBasisSWWert(LBasis_SW_Wert& wert, Recordset& values, const std::vector<int>& bound,
-                     const std::string& parent_id, int group) {
-  values.Filter(ValueRow(parent_id, group));
-  if (!values.Eof()) SWWerteColumns().Load(wert, values, bound);
-  values.Filter("");
-}
-
-void SaveBasisSWWert(LBasis_SW_Wert& wert, Recordset& values, const std::string& parent_id, int group) {
-  values.Filter(ValueRow(parent_id, group));
-  if (values.Eof()) {
-    values.AddNew();
-    values.Collect("SWID", parent_id);
-    values.Collect("DNGruppe", static_cast<std::int32_t>(group));
-  }
-  SWWerteColumns().Save(wert, values);
-  values.Update();
-  values.Filter("");
-}
+detail::GroupRow ValueRow(const std::string& parent_id, int group) { return {"SWID", parent_id, "DNGruppe", group}; }
 
 }  // namespace
 
@@ -85,7 +64,8 @@ void LoadBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeitt
     std::string parent_id = ToText(head->Fields("ID"));
     std::vector<int> bound = SWWerteColumns().Bind(*values);
     for (const SWGruppe& group : SWGruppen())
-      LoadBasisSWWert(*pSW.Gruppe(group.gruppe), *values, bound, parent_id, group.load_gruppe);
+      detail::LoadGroupRow(*values, ValueRow(parent_id, group.load_gruppe), SWWerteColumns(), *pSW.Gruppe(group.gruppe),
+                           bound);
   }
   head->Close();
   values->Close();
@@ -95,7 +75,8 @@ void SaveBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeitt
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   auto values = detail::OpenWrite(pManager, kAllValues);
   std::string parent_id = detail::SaveHeadRow(*head, SWColumns(), pSW, pZeittabellenID);
-  for (const SWGruppe& group : SWGruppen()) SaveBasisSWWert(*pSW.Gruppe(group.gruppe), *values, parent_id, group.gruppe);
+  for (const SWGruppe& group : SWGruppen())
+    detail::SaveGroupRow(*values, ValueRow(parent_id, group.gruppe), SWWerteColumns(), *pSW.Gruppe(group.gruppe));
   head->Close();
   values->Close();
 }
