@@ -62,12 +62,6 @@ TEST_F(PPFBALVTest, AllowancesAndBoundsGoToTheirColumnsAndKind3ToAbKind3) {
   EXPECT_EQ(table->FB()->Kinderzuschlag_AbKind3, 290.01);
   EXPECT_EQ(table->FB()->FABO18, 700.08);
   EXPECT_EQ(table->ALV()->N25e_bis, 2451.5);
-  // A table whose rows have gone keeps its values in memory and gains the rows again.
-  db->Session().ExecuteSql("DELETE * FROM [Basiswerte_Zeittabelle_FB] WHERE " + of_table, true);
-  table->Refresh();
-  EXPECT_EQ(table->FB()->FABO18, 700.08);
-  table->Update();
-  EXPECT_EQ(test::CountRows(db, "Basiswerte_Zeittabelle_FB", of_table), 1);
 }
 
 }  // namespace

@@ -74,16 +74,4 @@ TEST_F(SWTest, ATableWithoutRowsKeepsItsValuesAndGainsTheRowsAtTheNextSave) {
   EXPECT_EQ(test::CountRows(db, "Basiswerte_Zeittabelle_SW_Werte", "[SWID]=" + sw_id), 11);
 }
 
-TEST_F(SWTest, ReplacingAValueObjectTakesTheNewOneAndRefusesNone) {
-  auto own = std::make_shared<LBasis_SW_Wert>();
-  own->Prozent = 0.5;
-  table->SW()->SetFerialpraktikant(own);
-  EXPECT_EQ(table->SW()->Ferialpraktikant(), own);
-  EXPECT_EQ(table->SW()->Gruppe(eBasisSWFerialpraktikant), own);
-  table->Update();
-  EXPECT_EQ(Stored(*table, 9, "Prozent"), Variant(0.5));
-  EXPECT_THROW(table->SW()->SetArbeiter(nullptr), Error);
-  EXPECT_THROW(table->SW()->Gruppe(12), std::out_of_range);
-}
-
 }  // namespace
