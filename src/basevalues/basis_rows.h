@@ -1,6 +1,6 @@
 // Library-internal idioms shared by the base-value table routines: the sorted
-// insertion of folders and tables, and the load and save of a table that has one
-// row per dated table and no rows below it.
+// insertion of folders and tables, the row of a sub-table per dated table, and the
+// value rows of a group picked by Filter.
 #pragma once
 
 #include <cstdint>
@@ -48,22 +48,8 @@ void LoadSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& c
   rs->Close();
 }
 
-// The same for the save: the row is added with its key when missing.
-template <class T>
-void SaveSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& columns, T& target,
-                   const std::string& zeittabellen_id) {
-  auto rs = OpenWrite(manager, RowOfTable(table, zeittabellen_id));
-  if (rs->Eof()) {
-    rs->AddNew();
-    rs->Collect("ZeittabellenID", zeittabellen_id);
-  }
-  columns.Save(target, *rs);
-  rs->Update();
-  rs->Close();
-}
-
-// The head row of a table with value rows below it: added with its key when
-// missing, written, and its ID handed back.
+// The head row of a sub-table: added with its key when missing, written, and its
+// ID handed back.
 template <class T>
 std::string SaveHeadRow(Recordset& rs, const ColumnSet<T>& columns, T& target, const std::string& zeittabellen_id) {
   if (rs.Eof()) {
@@ -73,6 +59,15 @@ std::string SaveHeadRow(Recordset& rs, const ColumnSet<T>& columns, T& target, c
   columns.Save(target, rs);
   rs.Update();
   return DateHelpers::GetNewRowID(rs);
+}
+
+// The save of a table of one row per dated table.
+template <class T>
+void SaveSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& columns, T& target,
+                   const std::string& zeittabellen_id) {
+  auto rs = OpenWrite(manager, RowOfTable(table, zeittabellen_id));
+  SaveHeadRow(*rs, columns, target, zeittabellen_id);
+  rs->Close();
 }
 
 // The value row of one group below a head row, in a recordset over the whole value
