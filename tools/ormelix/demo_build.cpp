@@ -9,6 +9,8 @@ namespace cli {
 using ormelix::DateHelpers::DateSerial;
 
 void BuildDemo(ormelix::clsManager& manager, std::ostream& out) {
+  out << "Base values\n";
+  BuildBaseValues(manager, out);
   auto employer = std::make_shared<ormelix::clsMandant>();
   employer->InitLohnDB(manager.AktDB());
   employer->InitImportDB(manager.ImportDB());

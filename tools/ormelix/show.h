@@ -1,6 +1,8 @@
 // The parts of ormelix show.
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -10,13 +12,26 @@
 
 namespace ormelix {
 class clsMandant;
-}
+class clsBasisordner;
+class LBasis;
+}  // namespace ormelix
 
 namespace cli {
 
 int ShowEmployees(ormelix::clsManager& manager, Arguments& args, bool as_json);
 int ShowBase(ormelix::clsManager& manager, Arguments& args, bool as_json);
 int ShowMonth(ormelix::clsManager& manager, Arguments& args, bool as_json);
+
+// The dated table in force for a period, in the Standard folder or a named one.
+struct BaseSelection {
+  std::int32_t period = 0;
+  std::shared_ptr<ormelix::clsBasisordner> folder;
+  std::shared_ptr<ormelix::LBasis> table;
+  bool fallback = false;  // the period lies before the folder's first table
+};
+// Loads the base values and selects; UsageError for an unknown folder, a store
+// without a Standard folder, or a folder without tables.
+BaseSelection SelectBase(ormelix::clsManager& manager, std::int32_t period, const std::optional<std::string>& folder);
 
 json::Value EmployerJson(const ormelix::clsMandant& employer);
 // Selects the employer with that ID (UsageError for one the store does not hold),

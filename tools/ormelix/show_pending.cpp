@@ -6,9 +6,6 @@ namespace cli {
 int ShowEmployees(ormelix::clsManager&, Arguments&, bool) {
   throw UsageError("show employees is not available in this build yet");
 }
-int ShowBase(ormelix::clsManager&, Arguments&, bool) {
-  throw UsageError("show base is not available in this build yet");
-}
 int ShowMonth(ormelix::clsManager&, Arguments&, bool) {
   throw UsageError("show month is not available in this build yet");
 }

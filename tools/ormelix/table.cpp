@@ -45,7 +45,14 @@ std::string Amount(double value) {
   return buffer;
 }
 
-std::string Number(double value) { return ormelix::FormatNumber(ormelix::RoundingHelpers::RoundTo(value, 4)); }
+std::string Number(double value) {
+  // Two decimals at least, four where the value has them (a tax rate of 36.5125).
+  char buffer[48];
+  std::snprintf(buffer, sizeof buffer, "%.4f", ormelix::RoundingHelpers::RoundTo(value, 4));
+  std::string text = buffer;
+  while (text.size() > 3 && text.back() == '0' && text[text.size() - 3] != '.') text.pop_back();
+  return text;
+}
 
 std::size_t DisplayWidth(const std::string& text) {
   std::size_t width = 0;

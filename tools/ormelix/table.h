@@ -22,7 +22,7 @@ class TextTable {
   std::vector<std::vector<std::string>> rows_;
 };
 
-// An amount with two decimals ("1234.50"), a rate with as many as it needs.
+// An amount with two decimals ("1234.50"); a rate with two to four ("3.87", "36.5125").
 std::string Amount(double value);
 std::string Number(double value);
 // Characters of a UTF-8 text.
