@@ -110,6 +110,8 @@ void LoadProperty(const Field& field, LoadAs how, PropertyRef into) {
         return;
       }
       WrongTarget("a variant");
+    case LoadAs::Custom:
+      throw ConversionError("a column declared with a conversion of its own is read by its load_with function");
   }
 }
 
@@ -135,6 +137,8 @@ Variant SaveProperty(PropertyRef from, SaveAs how) {
       Variant value = PlainValue(from);
       return DateHelpers::IsID(value) ? value : Variant::NullValue();
     }
+    case SaveAs::Custom:
+      throw ConversionError("a column declared with a conversion of its own is written by its save_with function");
   }
   return {};
 }

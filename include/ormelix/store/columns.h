@@ -28,7 +28,8 @@ enum class LoadAs {
   Date,      // ToDate
   Round2,    // RoundTo(field, 2)
   Round4,    // RoundTo(field, 4)
-  AsVariant  // ToVariantValue
+  AsVariant, // ToVariantValue
+  Custom     // by the entry's own function (load_with)
 };
 
 // How a property is written to its column.
@@ -41,7 +42,8 @@ enum class SaveAs {
   Integer,  // ToInteger(value)
   Date,     // ToDate(value)
   SqlID,    // SqlID(value)
-  IDOrNull  // the value if it is an ID, else Null
+  IDOrNull, // the value if it is an ID, else Null
+  Custom    // by the entry's own function (save_with)
 };
 
 // A reference to a property of one of the types the domain stores.
@@ -59,6 +61,11 @@ struct ColumnDecl {
   SaveAs save;
   // Where a column is written from another property than it is read into.
   PropertyRef (*save_property)(Target&) = nullptr;
+  // The entry's own conversions, for LoadAs::Custom and SaveAs::Custom: a column
+  // that stands for no single property (a text of day numbers that fills 31 flags)
+  // or whose read depends on a property read before it.
+  void (*load_with)(Target&, const Field&) = nullptr;
+  Variant (*save_with)(Target&) = nullptr;
 };
 
 // The accessor of a plain member: Member<&clsMandant::Name>.
@@ -78,6 +85,11 @@ class ColumnSet {
   // stored at once if the row already has an ID (that is, it is no new row).
   static Decl Checkpoint() { return Decl{nullptr, nullptr, LoadAs::None, SaveAs::None}; }
 
+  // A column read and written by functions of its own.
+  static Decl Custom(const char* column, void (*load_with)(Target&, const Field&), Variant (*save_with)(Target&)) {
+    return Decl{column, nullptr, LoadAs::Custom, SaveAs::Custom, nullptr, load_with, save_with};
+  }
+
   const std::vector<Decl>& Columns() const { return columns_; }
 
   // Column indices of the recordset, for repeated loads from one recordset.
@@ -93,7 +105,9 @@ class ColumnSet {
   void Load(Target& target, const Recordset& recordset, const std::vector<int>& bound) const {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const Decl& decl = columns_[i];
-      if (bound[i] >= 0) LoadProperty(recordset.Fields(bound[i]), decl.load, decl.property(target));
+      if (bound[i] < 0) continue;
+      if (decl.load == LoadAs::Custom) decl.load_with(target, recordset.Fields(bound[i]));
+      else LoadProperty(recordset.Fields(bound[i]), decl.load, decl.property(target));
     }
   }
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
@@ -108,6 +122,10 @@ class ColumnSet {
         continue;
       }
       if (decl.save == SaveAs::None) continue;
+      if (decl.save == SaveAs::Custom) {
+        recordset.Collect(decl.column, decl.save_with(target));
+        continue;
+      }
       PropertyRef from = decl.save_property ? decl.save_property(target) : decl.property(target);
       recordset.Collect(decl.column, SaveProperty(from, decl.save));
     }
