@@ -1,13 +1,21 @@
-// clsMitarbeiter: the employees of the current employer.
+// clsMitarbeiter: the employees of the current employer, one fully loaded LLohn per
+// employee who passes the year filter, in sort order, keyed by ID. Created once
+// with the session; each Load fills it anew.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "ormelix/collection.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/session/manager.h"
 
 namespace ormelix {
+
+// The order of Load: by Personalnummer, or by family name and first name. Any
+// value but lcName sorts by Personalnummer.
+enum eSortOrderMitarbeiter { lcPersonalnummer = 1, lcName = 2 };
 
 class clsMitarbeiter {
  public:
@@ -16,13 +24,43 @@ class clsMitarbeiter {
   // Library-internal: the session gives its back reference once, at creation.
   void SetManager(const std::shared_ptr<clsManager>& manager) { manager_.Set(manager); }
 
+  // Reads the flagged tables of every employee again (LLohn::Refresh).
+  void Refresh(int pRefresh);
+  // Empties the list, then loads every employee of the current employer who
+  // belongs to the year pFilterAbrechnungsjahr (0: all of them): one whose last
+  // career step up to the year's end is no exit, whose exit falls into the year,
+  // who is marked Neuanlage, or who has a replacement benefit in the year. Each
+  // LLohn loads the pay records of the session's AktJahr. Fails (ormelix::Error)
+  // when no employer is selected.
+  void Load(std::int16_t pFilterAbrechnungsjahr, eSortOrderMitarbeiter pSortOrder = lcPersonalnummer);
+  // Inserts a row for the current employer, saves the master data, bank details
+  // and year data of pLohn under its new ID, loads the list again and replaces
+  // pLohn by the freshly loaded object of the list. Pay records, wage-type lines,
+  // career and children of pLohn are not saved. If the year filter leaves the new
+  // employee out, the row exists and the lookup fails with KeyNotFound.
+  void Add(std::shared_ptr<LLohn>& pLohn, std::int16_t pFilterAbrechnungsjahr,
+           eSortOrderMitarbeiter pMSortOrder = lcPersonalnummer);
+
   // An ID (IsID) or a number goes to the list: a number by position from 1, an ID
   // by key, failing with KeyNotFound for one that is not there. Anything else gives
   // the blank employee.
   std::shared_ptr<LLohn> Item(const Variant& pIndex) const;
   long Count() const { return entries_.Count(); }
+  // True when the employee is in the list: pIndex is an ID, or a number taken as
+  // the SortNr of the current employer's employee. Never fails.
+  bool Exist(const std::string& pIndex) const;
+  // The social-insurance base of the marginally employed staff in the month: for
+  // each employee with op_mBeschaeftigt, SV_Laufend_Basis_Berechnet plus BV_Basis
+  // of the first replacement benefit of the month, if there is one.
+  double SUM_SV_Laufend_Basis(std::int16_t pMonat) const;
+
+  // Iteration over the LLohn objects in list order (NewEnum).
+  Collection<LLohn>::const_iterator begin() const { return entries_.begin(); }
+  Collection<LLohn>::const_iterator end() const { return entries_.end(); }
 
  private:
+  std::string GetIDBySortNr(const std::string& pSortNr) const;
+
   ManagerRef manager_;
   Collection<LLohn> entries_;
   std::shared_ptr<LLohn> empty_employee_;

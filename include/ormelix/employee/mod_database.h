@@ -1,0 +1,76 @@
+// modDatabase: the routines that read and write the employee's tables, field by
+// field. LLohn and clsMitarbeiter call them; each takes the session (for AktDB,
+// AktJahr and AktMonat), the employee object and the employee's ID.
+//
+// A load writes only what it finds (the pay record alone sets defaults for a month
+// without a row); a save writes every column of its row. Nothing is caught: a store
+// failure goes to the caller, and what was written before it stays.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ormelix/store/columns.h"
+
+namespace ormelix {
+
+class clsManager;
+class LLohn;
+class LLohn_Ersatzleistungen;
+class LLohn_Kurzarbeit;
+
+namespace modDatabase {
+
+// ---- Mitarbeiter and Mitarbeiter_Bankverbindung
+
+void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes the row in two steps (up to SVNRAnforderungsID, then the rest); a missing
+// row is not inserted, and nothing is reported.
+void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Inserts a bare row for the current employer and gives its ID.
+std::string InsertMitarbeiterRecord(clsManager& pManager);
+void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes the bank row, creating it when the employee has none.
+void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+
+// ---- Mitarbeiter_Lohnzettel
+
+// Reads the twelve months of AktJahr from one query; a month without a row gets the
+// defaults (UE_Laufend_Tage 30, op_Angestellter True, op_KrankenscheinNetto True in
+// November) and keeps its other values.
+void LoadLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes one month (pMonat, or AktMonat for 0) under AktJahr, with its replacement
+// benefits and short-time record.
+void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID, std::int16_t pMonat);
+
+// ---- The tables of later work. Each stands at its place in the load and save order
+// and does nothing yet.
+
+void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
+void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string& pLohnzettelID, std::int16_t pMonat);
+void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);
+void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);
+
+// ---- The column declarations of the employee's own tables, in table order. They
+// drive load and save; tests walk them too.
+
+// One month of one employee: the target of a row of Mitarbeiter_Lohnzettel.
+struct LohnzettelMonth {
+  LLohn* lohn;
+  int month;
+};
+
+const ColumnSet<LLohn>& MitarbeiterColumns();
+const ColumnSet<LLohn>& BankverbindungColumns();
+const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
+
+}  // namespace modDatabase
+}  // namespace ormelix

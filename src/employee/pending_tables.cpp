@@ -1,0 +1,34 @@
+// The table routines of the employee's children that come with later work. Each
+// stands at its place in the load and save order of LLohn and the pay record, and
+// does nothing yet.
+#include "ormelix/employee/lohn.h"
+#include "ormelix/employee/mod_database.h"
+
+namespace ormelix::modDatabase {
+
+// Mitarbeiter_Lohnarten into the ZSL_, SonstigeAbz_ and Aufwandsentsch_ grids: comes with the wage-type lines.
+void LoadLohnarten(clsManager&, LLohn&, const std::string&) {}
+// The 40 wage-type rows of AktMonat: comes with the wage-type lines.
+void SaveLohnarten(clsManager&, LLohn&, const std::string&) {}
+// Mitarbeiter_Übertritte into Uebertritt(1..12): comes with the transfers.
+void LoadUebertritte(clsManager&, LLohn&, const std::string&) {}
+// The transfer row of AktMonat: comes with the transfers.
+void SaveUebertritte(clsManager&, LLohn&, const std::string&) {}
+// Mitarbeiter_Jahresdaten of AktJahr into Jahresdaten: comes with the year data.
+void LoadJahresdaten(clsManager&, LLohn&, const std::string&) {}
+// The year-data row of AktJahr: comes with the year data.
+void SaveJahresdaten(clsManager&, LLohn&, const std::string&) {}
+// Mitarbeiter_PDFEncrypt into PDFEncrypt: comes with the document protection.
+void LoadPDFEncrypt(clsManager&, LLohn&, const std::string&) {}
+// The employee's password row: comes with the document protection.
+void SavePDFEncrypt(clsManager&, LLohn&, const std::string&) {}
+// Mitarbeiter_Lohnzettel_EL of one pay row into SV_EL_Laufend(m): comes with the replacement benefits.
+void LoadErsatzleistungen(clsManager&, LLohn_Ersatzleistungen&, const std::string&) {}
+// Delete and insert the replacement-benefit rows of one pay row: comes with the replacement benefits.
+void SaveErsatzleistungen(clsManager&, LLohn&, const std::string&, std::int16_t) {}
+// Mitarbeiter_Lohnzettel_Kurzarbeit of one pay row into Kurzarbeit(m): comes with the short-time work.
+void LoadKurzarbeit(clsManager&, LLohn_Kurzarbeit&, const std::string&) {}
+// The short-time row of one pay row: comes with the short-time work.
+void SaveKurzarbeit(clsManager&, LLohn_Kurzarbeit&, const std::string&) {}
+
+}  // namespace ormelix::modDatabase
