@@ -1,0 +1,345 @@
+// Loading the employee list against a hand-written raw sqlite3 loader doing the
+// same reads, in one run: 1,000 and 10,000 employees of one employer, each with 12
+// pay rows of the year, 3 career steps and a bank row.
+//
+// The raw loader runs the statements the library runs (the employer's employees,
+// all career steps, the replacement benefits of the year; then per employee its
+// master row, its bank row and its pay rows), prepared once with sqlite3 and bound
+// per employee, and keeps every column of those rows in plain structs. It filters
+// the year with hash maps of its own. When later work adds tables to the employee
+// load (career, children, wage-type lines, transfers, year data, password,
+// replacement benefits, short-time), the raw loader must read them too.
+//
+// At the end the run prints the ratios: library / raw, 10,000 / 1,000, and the
+// heap bytes held per loaded LLohn (glibc's mallinfo2 before and after a Load).
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "ormelix/employee/mitarbeiter_list.h"
+#include "ormelix/employer/mandant.h"
+#include "ormelix/session/manager.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/schema.h"
+#include "ormelix/store/value_helpers.h"
+
+using namespace ormelix;
+
+namespace {
+
+constexpr int kYear = 2024;
+
+// ---------------------------------------------------------------- the data
+
+struct Column {
+  std::string name;
+  bool text;
+};
+
+std::vector<Column> Columns(sqlite3* db, const std::string& table) {
+  std::vector<Column> columns;
+  sqlite3_stmt* stmt = nullptr;
+  sqlite3_prepare_v2(db, ("PRAGMA table_info(\"" + table + "\")").c_str(), -1, &stmt, nullptr);
+  while (sqlite3_step(stmt) == SQLITE_ROW) {
+    std::string name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1));
+    std::string type = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2));
+    columns.push_back({name, type == "TEXT"});
+  }
+  sqlite3_finalize(stmt);
+  return columns;
+}
+
+// Inserts rows into a table, setting every column but Nr: the given values by name,
+// a fresh ID where none is given, every other column a value made from the row
+// number.
+class Inserter {
+ public:
+  Inserter(sqlite3* db, const std::string& table) : columns_(Columns(db, table)) {
+    std::string names, marks;
+    for (const Column& column : columns_) {
+      if (column.name == "Nr") continue;
+      names += (names.empty() ? "\"" : ",\"") + column.name + "\"";
+      marks += marks.empty() ? "?" : ",?";
+      used_.push_back(column);
+    }
+    sqlite3_prepare_v2(db, ("INSERT INTO \"" + table + "\" (" + names + ") VALUES (" + marks + ")").c_str(), -1,
+                       &stmt_, nullptr);
+  }
+  ~Inserter() { sqlite3_finalize(stmt_); }
+
+  void Insert(int row, const std::map<std::string, Variant>& given) {
+    for (std::size_t i = 0; i < used_.size(); ++i) {
+      int slot = static_cast<int>(i) + 1;
+      auto found = given.find(used_[i].name);
+      if (found == given.end() && used_[i].name == "ID") {
+        sqlite3_bind_text(stmt_, slot, ValueHelpers::NewID().c_str(), -1, SQLITE_TRANSIENT);
+      } else if (found != given.end() && found->second.IsText()) {
+        sqlite3_bind_text(stmt_, slot, found->second.AsText().c_str(), -1, SQLITE_TRANSIENT);
+      } else if (found != given.end()) {
+        double number = 0;
+        found->second.TryNumber(number);
+        sqlite3_bind_double(stmt_, slot, number);
+      } else if (used_[i].text) {
+        sqlite3_bind_text(stmt_, slot, ("Text " + std::to_string(row % 97)).c_str(), -1, SQLITE_TRANSIENT);
+      } else {
+        sqlite3_bind_double(stmt_, slot, (row % 7 == 0) ? -1 : (row % 1000) * 0.25 + static_cast<double>(i % 5));
+      }
+    }
+    sqlite3_step(stmt_);
+    sqlite3_reset(stmt_);
+  }
+
+ private:
+  std::vector<Column> columns_;
+  std::vector<Column> used_;
+  sqlite3_stmt* stmt_ = nullptr;
+};
+
+struct Store {
+  std::string path;
+  std::string employer;
+};
+
+Store MakeStore(int employees) {
+  Store store;
+  store.path = (std::filesystem::temp_directory_path() / ("ormelix-employee-bench-" + std::to_string(employees) + ".db"))
+                   .string();
+  std::filesystem::remove(store.path);
+  {
+    auto db = CreateStore(store.path, StoreKind::Payroll);
+    auto rs = db->Session().OpenRecordset("SELECT * FROM [Mandanten]", adOpenDynamic, adLockOptimistic);
+    rs->AddNew();
+    rs->Collect("Name", Variant("Bench GmbH"));
+    rs->Update();
+    store.employer = ValueHelpers::ToText(rs->Fields("ID"));
+    rs->Close();
+  }
+  sqlite3* db = nullptr;
+  sqlite3_open(store.path.c_str(), &db);
+  sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
+  {
+    Inserter master(db, "Mitarbeiter"), bank(db, "Mitarbeiter_Bankverbindung"), career(db, "Mitarbeiter_Laufbahn"),
+        pay(db, "Mitarbeiter_Lohnzettel");
+    for (int e = 0; e < employees; ++e) {
+      std::string id = ValueHelpers::NewID();
+      master.Insert(e, {{"ID", Variant(id)}, {"MandantenID", Variant(store.employer)}, {"Personalnummer", e % 30000},
+                        {"ForstarbeiterLand", -1}, {"Neuanlage", 0}, {"SortNr", e}});
+      bank.Insert(e, {{"MitarbeiterID", Variant(id)}});
+      const int steps[3][2] = {{1, 2015}, {2, 2019}, {1, 2020}};  // entry, rest, entry again
+      for (const auto& step : steps)
+        career.Insert(e, {{"MitarbeiterID", Variant(id)}, {"Schritt", step[0]},
+                          {"Datum", DateHelpers::DateSerial(step[1], 3, 1)}, {"Grund", 0}});
+      for (int month = 1; month <= 12; ++month)
+        pay.Insert(e * 12 + month, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + month},
+                                    {"FB_Tage", Variant("0315")}});
+    }
+  }
+  sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
+  sqlite3_close(db);
+  return store;
+}
+
+// One store per size, made on first use and kept for the run.
+const Store& Data(int employees) {
+  static std::map<int, Store> stores;
+  auto found = stores.find(employees);
+  if (found == stores.end()) found = stores.emplace(employees, MakeStore(employees)).first;
+  return found->second;
+}
+
+// ---------------------------------------------------------------- the library
+
+ManagerPtr Session(const Store& store) {
+  auto manager = clsManager::Create();
+  manager->SetAktDB(StoreConnection::Open(store.path));
+  manager->AktJahr = kYear;
+  manager->AktMonat = 3;
+  manager->ChangeAktMandant(store.employer);
+  return manager;
+}
+
+void Ormelix_MitarbeiterLoad(benchmark::State& state) {
+  const Store& store = Data(static_cast<int>(state.range(0)));
+  auto manager = Session(store);
+  for (auto _ : state) {
+    manager->Mitarbeiter()->Load(kYear, lcPersonalnummer);
+    if (manager->Mitarbeiter()->Count() != state.range(0)) state.SkipWithError("not every employee was loaded");
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Ormelix_MitarbeiterLoad)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// ---------------------------------------------------------------- the raw loader
+
+struct RawRow {
+  std::vector<double> numbers;
+  std::vector<std::string> texts;
+};
+
+struct RawEmployee {
+  std::string id;
+  int index = 0;
+  RawRow master;
+  RawRow bank;
+  std::vector<RawRow> months = std::vector<RawRow>(13);
+};
+
+class Statement {
+ public:
+  Statement(sqlite3* db, const char* sql) { sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr); }
+  ~Statement() { sqlite3_finalize(stmt_); }
+  sqlite3_stmt* get() const { return stmt_; }
+  void Bind(const std::string& text) {
+    sqlite3_reset(stmt_);
+    sqlite3_bind_text(stmt_, 1, text.c_str(), static_cast<int>(text.size()), SQLITE_STATIC);
+  }
+
+ private:
+  sqlite3_stmt* stmt_ = nullptr;
+};
+
+// Every column of the current row: texts as strings, everything else as a number.
+void ReadRow(sqlite3_stmt* stmt, RawRow& row) {
+  row.numbers.clear();
+  row.texts.clear();
+  for (int i = 0; i < sqlite3_column_count(stmt); ++i) {
+    if (sqlite3_column_type(stmt, i) == SQLITE_TEXT)
+      row.texts.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)));
+    else
+      row.numbers.push_back(sqlite3_column_double(stmt, i));
+  }
+}
+
+struct Step {
+  int schritt;
+  double datum;
+};
+
+std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
+  Statement employees(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"MandantenID\"=? ORDER BY \"Personalnummer\" ASC");
+  Statement career(db, "SELECT * FROM \"Mitarbeiter_Laufbahn\" ORDER BY \"Datum\" DESC, \"Nr\" DESC");
+  Statement replacements(db,
+                         "SELECT \"MitarbeiterID\", \"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\" AS \"Zeitraum\" FROM "
+                         "\"Mitarbeiter_Lohnzettel\" INNER JOIN \"Mitarbeiter_Lohnzettel_EL\" ON "
+                         "\"Mitarbeiter_Lohnzettel\".\"ID\"=\"Mitarbeiter_Lohnzettel_EL\".\"LohnzettelID\" WHERE "
+                         "\"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\">=? AND \"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\"<=?");
+  Statement master(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=?");
+  Statement bank(db, "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=?");
+  Statement pay(db, "SELECT * FROM \"Mitarbeiter_Lohnzettel\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\" ASC");
+
+  // Newest step up to the year's end per employee; employees with a benefit in the year.
+  const double year_end = DateHelpers::DateSerial(kYear, 12, 31);
+  const double year_start = DateHelpers::DateSerial(kYear, 1, 1);
+  std::unordered_map<std::string, Step> last_step;
+  while (sqlite3_step(career.get()) == SQLITE_ROW) {
+    double datum = sqlite3_column_double(career.get(), 4);
+    if (datum > year_end) continue;
+    last_step.try_emplace(reinterpret_cast<const char*>(sqlite3_column_text(career.get(), 2)),
+                          Step{sqlite3_column_int(career.get(), 3), datum});
+  }
+  std::unordered_map<std::string, bool> has_replacement;
+  sqlite3_bind_int(replacements.get(), 1, kYear * 100 + 1);
+  sqlite3_bind_int(replacements.get(), 2, kYear * 100 + 12);
+  while (sqlite3_step(replacements.get()) == SQLITE_ROW)
+    has_replacement[reinterpret_cast<const char*>(sqlite3_column_text(replacements.get(), 0))] = true;
+
+  std::vector<RawEmployee> result;
+  employees.Bind(employer);
+  const int neuanlage = sqlite3_column_count(employees.get()) - 2;  // Neuanlage, Anonymize
+  while (sqlite3_step(employees.get()) == SQLITE_ROW) {
+    std::string id = reinterpret_cast<const char*>(sqlite3_column_text(employees.get(), 1));
+    auto step = last_step.find(id);
+    bool exit = step != last_step.end() && step->second.schritt == 3;
+    double entry_date = step != last_step.end() && !exit ? step->second.datum : 0;
+    double exit_date = exit ? step->second.datum : 0;
+    if (!((entry_date > 0 && exit_date == 0) || exit_date >= year_start ||
+          sqlite3_column_int(employees.get(), neuanlage) != 0 || has_replacement.count(id)))
+      continue;
+    RawEmployee& employee = result.emplace_back();
+    employee.id = id;
+    employee.index = static_cast<int>(result.size());
+    master.Bind(id);
+    if (sqlite3_step(master.get()) == SQLITE_ROW) ReadRow(master.get(), employee.master);
+    bank.Bind(id);
+    if (sqlite3_step(bank.get()) == SQLITE_ROW) ReadRow(bank.get(), employee.bank);
+    pay.Bind(id);
+    while (sqlite3_step(pay.get()) == SQLITE_ROW) {
+      int zeitraum = sqlite3_column_int(pay.get(), 3);
+      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
+        ReadRow(pay.get(), employee.months[static_cast<std::size_t>(zeitraum % 100)]);
+    }
+  }
+  return result;
+}
+
+void Raw_MitarbeiterLoad(benchmark::State& state) {
+  const Store& store = Data(static_cast<int>(state.range(0)));
+  sqlite3* db = nullptr;
+  sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  for (auto _ : state) {
+    auto employees = RawLoad(db, store.employer);
+    if (static_cast<long>(employees.size()) != state.range(0)) state.SkipWithError("not every employee was loaded");
+    benchmark::DoNotOptimize(employees.data());
+  }
+  sqlite3_close(db);
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Raw_MitarbeiterLoad)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// ---------------------------------------------------------------- the summary
+
+class SummaryReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs)
+      if (!run.error_occurred) seconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
+    ConsoleReporter::ReportRuns(runs);
+  }
+  void Finalize() override {
+    ConsoleReporter::Finalize();
+    auto at = [&](const std::string& name) { return seconds_.count(name) ? seconds_[name] : 0.0; };
+    for (int n : {1000, 10000}) {
+      double lib = at("Ormelix_MitarbeiterLoad/" + std::to_string(n) + "/iterations:3");
+      double raw = at("Raw_MitarbeiterLoad/" + std::to_string(n) + "/iterations:3");
+      if (lib > 0 && raw > 0) std::printf("%d employees: library / raw = %.2f (target <= 2)\n", n, lib / raw);
+    }
+    double small = at("Ormelix_MitarbeiterLoad/1000/iterations:3");
+    double large = at("Ormelix_MitarbeiterLoad/10000/iterations:3");
+    if (small > 0 && large > 0) std::printf("library 10,000 / 1,000 = %.2f (target <= 11)\n", large / small);
+  }
+
+ private:
+  std::map<std::string, double> seconds_;
+};
+
+// Heap bytes that one Load leaves held, per loaded employee (the list's LLohn
+// objects and their children; the recordsets are closed by then).
+void ReportMemoryPerEmployee(int employees) {
+  auto manager = Session(Data(employees));
+  std::size_t before = mallinfo2().uordblks;
+  manager->Mitarbeiter()->Load(kYear, lcPersonalnummer);
+  std::size_t after = mallinfo2().uordblks;
+  std::printf("%d employees: %.0f heap bytes per loaded LLohn (sizeof(LLohn) = %zu)\n", employees,
+              static_cast<double>(after - before) / static_cast<double>(manager->Mitarbeiter()->Count()),
+              sizeof(LLohn));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  SummaryReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  ReportMemoryPerEmployee(1000);
+  ReportMemoryPerEmployee(10000);
+  benchmark::Shutdown();
+  return 0;
+}
