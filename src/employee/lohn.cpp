@@ -45,6 +45,8 @@ double MarkedPart(const LLohn& lohn, int t, float base, const MonthGrid<bool, 1,
 
 }  // namespace
 
+LLohn::LLohn() = default;
+
 void LLohn::LoadMitarbeiter(clsManager& Manager, const std::string& pMitarbeiterID, std::int16_t pIndex) {
   id_ = pMitarbeiterID;
   index_ = pIndex;

@@ -67,7 +67,10 @@ class MonthlyChildren {
 
 class LLohn {
  public:
-  LLohn() = default;
+  // Every property starts at 0, "" or False by its own initialiser. (The
+  // constructor is defined out of line so that make_shared does not zero the
+  // whole object before the members initialise themselves.)
+  LLohn();
   LLohn(const LLohn&) = delete;
   LLohn& operator=(const LLohn&) = delete;
 
