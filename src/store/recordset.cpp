@@ -262,7 +262,9 @@ Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, 
   impl_->ApplyFilter();
 }
 
-Recordset::~Recordset() = default;
+Recordset::~Recordset() {
+  if (impl_ && impl_->backend) impl_->backend->Recycle(std::move(impl_->cells));
+}
 
 bool Recordset::Eof() const {
   if (impl_->mode == Impl::Adding) return false;
@@ -415,8 +417,8 @@ void Recordset::Close() {
   if (!impl_->open) return;
   impl_->FlushPending();
   impl_->open = false;
-  impl_->cells.clear();
-  impl_->cells.shrink_to_fit();
+  impl_->backend->Recycle(std::move(impl_->cells));
+  impl_->cells = {};
   impl_->view.clear();
   impl_->indexes.clear();
 }
