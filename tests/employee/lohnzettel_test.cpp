@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "employee_fixture.h"
+#include "ormelix/error.h"
 
 using namespace ormelix;
 using namespace ormelix::ValueHelpers;
@@ -58,6 +59,22 @@ TEST_F(LohnzettelTest, AMonthOutsideOneToTwelveIsRefusedBeforeAnythingIsWritten)
   EXPECT_THROW(lohn->Update(*manager, ucTableLohnzettel, 0), std::out_of_range);
   EXPECT_THROW(lohn->Update(*manager, ucTableLohnzettel, 13), std::out_of_range);
   EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnzettel"), 0);
+}
+
+TEST_F(LohnzettelTest, AnExistingRowIsWrittenInThreeStepsAndANewRowInOne) {
+  const std::string id = AddEmployee("Schritte");
+  auto lohn = Loaded(manager, id);
+  lohn->Gehalt(3) = 100;          // before Covid19Bonus
+  lohn->HomeofficeTage(3) = 4;    // before HomeofficePauschale
+  lohn->Jobticket_Text(3) = "x";  // in the last step, which the store refuses
+  RefuseRows("Mitarbeiter_Lohnzettel", "NEW.\"Jobticket_Text\" = 'x'");
+  EXPECT_THROW(lohn->Update(*manager, ucTableLohnzettel, 3), StoreError);
+  EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnzettel"), 0);  // a new row goes in whole or not at all
+  AddPayRow(id, 202403);
+  EXPECT_THROW(lohn->Update(*manager, ucTableLohnzettel, 3), StoreError);
+  EXPECT_EQ(ToAmount(PayColumn(id, 202403, "Gehalt")), 100);
+  EXPECT_EQ(ToInteger(PayColumn(id, 202403, "HomeofficeTage")), 4);
+  EXPECT_TRUE(PayColumn(id, 202403, "Jobticket_Text").IsNull());
 }
 
 TEST_F(LohnzettelTest, AmountsAreRoundedOnTheWayToTheStoreOnly) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "employee_fixture.h"
+#include "ormelix/error.h"
 
 using namespace ormelix;
 using namespace ormelix::ValueHelpers;
@@ -26,6 +27,17 @@ TEST_F(MitarbeiterRecordTest, ForstarbeiterLandWFCountsOnlyWithForstarbeiterLand
   lohn->Refresh(*manager, ucTableMitarbeiter);
   EXPECT_EQ(lohn->op_ForstarbeiterLand, -1);
   EXPECT_EQ(lohn->op_ForstarbeiterLandWF, -1);
+}
+
+TEST_F(MitarbeiterRecordTest, TheRowIsWrittenInTwoStepsAndTheFirstStaysWhenTheSecondFails) {
+  const std::string id = AddEmployee("Vorher");
+  auto lohn = Loaded(manager, id);
+  lohn->Mitarbeiter()->FName = "Nachher";  // first half
+  lohn->Anonymize = true;                  // second half, refused by the store
+  RefuseRows("Mitarbeiter", "NEW.\"Anonymize\" <> 0");
+  EXPECT_THROW(lohn->Update(*manager, ucTableMitarbeiter), StoreError);
+  EXPECT_EQ(ToText(Column(id, "Familienname")), "Nachher");
+  EXPECT_EQ(ToLong(Column(id, "Anonymize")), 0);
 }
 
 TEST_F(MitarbeiterRecordTest, BasisIDIsStoredAsNullUnlessItIsAnID) {
