@@ -83,7 +83,7 @@ BENCHMARK(Ormelix_BasisLoad)->Arg(10)->Arg(20)->Arg(40)->Unit(benchmark::kMillis
 class RawLoader {
  public:
   explicit RawLoader(const std::string& path) {
-    sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
   }
   ~RawLoader() {
     for (auto& [sql, stmt] : statements_) sqlite3_finalize(stmt);

@@ -70,7 +70,7 @@ Fixture& Data() {
 
 sqlite3* OpenRaw() {
   sqlite3* db = nullptr;
-  sqlite3_open_v2(Data().path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  sqlite3_open_v2(Data().path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   return db;
 }
 

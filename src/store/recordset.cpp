@@ -21,10 +21,12 @@ using RowList = std::vector<std::uint32_t>;
 
 // Rows of one column by value, so that an equality term of a filter costs a hash
 // lookup instead of a scan. Lists are ascending, as rows are indexed in order.
+// Text keys view the cells' own text, which stays in place while the cells vector
+// grows; a column whose cells are rewritten loses its index first.
 struct ColumnIndex {
-  std::unordered_map<double, RowList> by_number;       // cells that are numbers
-  std::unordered_map<std::string, RowList> by_text;    // cells that are texts
-  std::unordered_map<double, RowList> by_number_text;  // texts that read as numbers
+  std::unordered_map<double, RowList> by_number;            // cells that are numbers
+  std::unordered_map<std::string_view, RowList> by_text;    // cells that are texts
+  std::unordered_map<double, RowList> by_number_text;       // texts that read as numbers
 
   void Add(const Variant& cell, std::uint32_t row) {
     double number = 0;
@@ -47,7 +49,7 @@ struct ColumnIndex {
     const RowList* second = nullptr;
     double number = 0;
     if (literal.IsText()) {
-      first = Find(by_text, literal.AsText());
+      first = Find(by_text, std::string_view(literal.AsText()));
       if (ParseNumber(literal.AsText(), number)) second = Find(by_number, number);
     } else if (literal.TryNumber(number)) {
       first = Find(by_number, number);
@@ -137,20 +139,25 @@ struct Recordset::Impl {
     return *indexes[column];
   }
 
-  // Rows that may match: those of the most selective equality term, or all.
+  // Rows that may match: those of the most selective equality term that has an
+  // index already, else of the first equality term (whose index is built now), or
+  // none when there is no equality term (then every row is tested).
   std::optional<RowList> Candidates(const FilterNode& node) const {
     std::vector<const FilterNode*> terms;
-    if (node.kind == FilterNode::Term) terms.push_back(&node);
+    auto consider = [&](const FilterNode& term) {
+      if (term.kind == FilterNode::Term && term.op == CompareOp::Eq && !term.literal.IsNull()) terms.push_back(&term);
+    };
+    consider(node);
     if (node.kind == FilterNode::And)
-      for (const FilterNode& child : node.children)
-        if (child.kind == FilterNode::Term) terms.push_back(&child);
+      for (const FilterNode& child : node.children) consider(child);
+    if (terms.empty()) return std::nullopt;
     std::optional<RowList> best;
     for (const FilterNode* term : terms) {
-      if (term->op != CompareOp::Eq || term->literal.IsNull()) continue;
-      RowList rows = IndexOf(term->column).Lookup(term->literal);
+      if (!indexes[term->column]) continue;
+      RowList rows = indexes[term->column]->Lookup(term->literal);
       if (!best || rows.size() < best->size()) best = std::move(rows);
-      if (best->empty()) break;
     }
+    if (!best) best = IndexOf(terms.front()->column).Lookup(terms.front()->literal);
     return best;
   }
 
@@ -417,10 +424,10 @@ void Recordset::Close() {
   if (!impl_->open) return;
   impl_->FlushPending();
   impl_->open = false;
+  impl_->indexes.clear();
   impl_->backend->Recycle(std::move(impl_->cells));
   impl_->cells = {};
   impl_->view.clear();
-  impl_->indexes.clear();
 }
 
 bool Recordset::IsOpen() const { return impl_->open; }

@@ -35,6 +35,29 @@ std::string FormatNumber(double value) {
   return std::string(buffer, end);
 }
 
+const std::string& Variant::EmptyText() noexcept {
+  static const std::string empty;
+  return empty;
+}
+
+bool operator==(const Variant& a, const Variant& b) {
+  if (a.kind_ != b.kind_) return false;
+  switch (a.kind_) {
+    case Variant::Empty:
+    case Variant::Null:
+      return true;
+    case Variant::Boolean:
+      return a.boolean_ == b.boolean_;
+    case Variant::Integer:
+      return a.integer_ == b.integer_;
+    case Variant::Double:
+      return a.double_ == b.double_;
+    case Variant::Text:
+      return a.AsText() == b.AsText();
+  }
+  return false;
+}
+
 bool Variant::TryNumber(double& out) const {
   switch (kind()) {
     case Boolean:

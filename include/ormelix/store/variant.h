@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <variant>
 
 namespace ormelix {
 
@@ -14,39 +13,62 @@ namespace ormelix {
 // 0 also means "no date".
 using Date = double;
 
+// Sixteen bytes: a kind and a payload; a text lives on the heap (an empty text
+// takes no allocation), so that a snapshot of many cells stays compact.
 class Variant {
  public:
-  enum Kind { Empty, Null, Boolean, Integer, Double, Text };
+  enum Kind : unsigned char { Empty, Null, Boolean, Integer, Double, Text };
 
-  Variant() = default;
-  Variant(bool value) : value_(value) {}
+  Variant() noexcept : kind_(Empty), integer_(0) {}
+  Variant(bool value) noexcept : kind_(Boolean), integer_(0) { boolean_ = value; }
   template <std::integral I>
     requires(!std::same_as<I, bool> && !std::same_as<I, char>)
-  Variant(I value) : value_(static_cast<std::int64_t>(value)) {}
-  Variant(double value) : value_(value) {}
-  Variant(float value) : value_(static_cast<double>(value)) {}
-  Variant(std::string value) : value_(std::move(value)) {}
-  Variant(std::string_view value) : value_(std::string(value)) {}
-  Variant(const char* value) : value_(std::string(value)) {}
+  Variant(I value) noexcept : kind_(Integer), integer_(static_cast<std::int64_t>(value)) {}
+  Variant(double value) noexcept : kind_(Double), double_(value) {}
+  Variant(float value) noexcept : kind_(Double), double_(static_cast<double>(value)) {}
+  Variant(std::string value) : kind_(Text), text_(value.empty() ? nullptr : new std::string(std::move(value))) {}
+  Variant(std::string_view value) : kind_(Text), text_(value.empty() ? nullptr : new std::string(value)) {}
+  Variant(const char* value) : Variant(std::string_view(value)) {}
 
-  static Variant NullValue() {
+  Variant(const Variant& other) : kind_(other.kind_), integer_(other.integer_) {
+    if (kind_ == Text && other.text_) text_ = new std::string(*other.text_);
+  }
+  Variant(Variant&& other) noexcept : kind_(other.kind_), integer_(other.integer_) {
+    if (kind_ == Text) other.text_ = nullptr;
+  }
+  Variant& operator=(const Variant& other) {
+    if (this != &other) *this = Variant(other);
+    return *this;
+  }
+  Variant& operator=(Variant&& other) noexcept {
+    if (this != &other) {
+      Release();
+      kind_ = other.kind_;
+      integer_ = other.integer_;
+      if (kind_ == Text) other.text_ = nullptr;
+    }
+    return *this;
+  }
+  ~Variant() { Release(); }
+
+  static Variant NullValue() noexcept {
     Variant v;
-    v.value_ = NullTag{};
+    v.kind_ = Null;
     return v;
   }
 
-  Kind kind() const noexcept { return static_cast<Kind>(value_.index()); }
-  bool IsEmpty() const noexcept { return kind() == Empty; }
-  bool IsNull() const noexcept { return kind() == Null; }
-  bool IsMissing() const noexcept { return kind() <= Null; }  // Empty or Null
-  bool IsNumber() const noexcept { return kind() == Integer || kind() == Double || kind() == Boolean; }
-  bool IsText() const noexcept { return kind() == Text; }
+  Kind kind() const noexcept { return kind_; }
+  bool IsEmpty() const noexcept { return kind_ == Empty; }
+  bool IsNull() const noexcept { return kind_ == Null; }
+  bool IsMissing() const noexcept { return kind_ <= Null; }  // Empty or Null
+  bool IsNumber() const noexcept { return kind_ == Integer || kind_ == Double || kind_ == Boolean; }
+  bool IsText() const noexcept { return kind_ == Text; }
 
   // Raw access; the caller has checked kind().
-  bool AsBool() const { return std::get<bool>(value_); }
-  std::int64_t AsInteger() const { return std::get<std::int64_t>(value_); }
-  double AsDouble() const { return std::get<double>(value_); }
-  const std::string& AsText() const { return std::get<std::string>(value_); }
+  bool AsBool() const noexcept { return boolean_; }
+  std::int64_t AsInteger() const noexcept { return integer_; }
+  double AsDouble() const noexcept { return double_; }
+  const std::string& AsText() const noexcept { return text_ ? *text_ : EmptyText(); }
 
   // The value as a number: booleans as -1/0, numeric text parsed (C locale).
   // Returns false when there is no number to be had.
@@ -55,14 +77,24 @@ class Variant {
   // A readable form for messages and output: "" for empty, "Null" for Null.
   std::string Describe() const;
 
-  friend bool operator==(const Variant& a, const Variant& b) = default;
+  friend bool operator==(const Variant& a, const Variant& b);
 
  private:
-  struct NullTag {
-    friend bool operator==(NullTag, NullTag) { return true; }
+  static const std::string& EmptyText() noexcept;
+  void Release() noexcept {
+    if (kind_ == Text) delete text_;
+  }
+
+  Kind kind_;
+  union {
+    bool boolean_;
+    std::int64_t integer_;
+    double double_;
+    std::string* text_;  // nullptr for ""
   };
-  std::variant<std::monostate, NullTag, bool, std::int64_t, double, std::string> value_;
 };
+
+static_assert(sizeof(Variant) == 16, "a stored value is meant to take sixteen bytes");
 
 // Parses a decimal number written in C locale ("12", "-3.5", "1e3"), the whole
 // text after trimming blanks. Returns false if it is not one.

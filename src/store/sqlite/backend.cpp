@@ -64,8 +64,11 @@ class SqliteBackend final : public Backend {
     if (!create && !memory && !std::filesystem::is_regular_file(path))
       throw StoreError("cannot open store", path, "no such file");
     sqlite3* raw = nullptr;
-    int flags = options.read_only && !create ? SQLITE_OPEN_READONLY
-                                             : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    // A connection serves one thread (the host's), so SQLite's own locking of it
+    // would only cost time.
+    int flags = (options.read_only && !create ? SQLITE_OPEN_READONLY
+                                              : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0)) |
+                SQLITE_OPEN_NOMUTEX;
     int rc = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
     DatabaseHandle db(raw);
     if (rc != SQLITE_OK)
