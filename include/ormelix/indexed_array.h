@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -47,14 +48,48 @@ using MonthArray = IndexedArray<T, 0, 12>;
 template <class T>
 using Month1Array = IndexedArray<T, 1, 12>;
 
+// The storage of the grids below: allocated at the first write, so that an object
+// with many grids that a load leaves untouched (the wage-type lines of an employee
+// without any) costs a pointer each. A read of an untouched grid gives T{}.
+template <class T, std::size_t N>
+class LazyCells {
+ public:
+  LazyCells() = default;
+  LazyCells(const LazyCells& other) : cells_(other.cells_ ? std::make_unique<std::array<T, N>>(*other.cells_) : nullptr) {}
+  LazyCells& operator=(const LazyCells& other) {
+    if (this != &other) cells_ = other.cells_ ? std::make_unique<std::array<T, N>>(*other.cells_) : nullptr;
+    return *this;
+  }
+  LazyCells(LazyCells&&) noexcept = default;
+  LazyCells& operator=(LazyCells&&) noexcept = default;
+
+  T& At(std::size_t offset) {
+    if (!cells_) {
+      cells_ = std::make_unique<std::array<T, N>>();
+      cells_->fill(T{});
+    }
+    return (*cells_)[offset];
+  }
+  const T& At(std::size_t offset) const {
+    static const T kUntouched{};
+    return cells_ ? (*cells_)[offset] : kUntouched;
+  }
+  bool Allocated() const { return cells_ != nullptr; }
+
+ private:
+  std::unique_ptr<std::array<T, N>> cells_;
+};
+
 // Two indices (a, month): a in ALow..AHigh, month 0..12.
 template <class T, int ALow, int AHigh>
 class MonthGrid {
  public:
-  explicit MonthGrid(const char* name = nullptr) : name_(name) { values_.fill(T{}); }
+  explicit MonthGrid(const char* name = nullptr) : name_(name) {}
 
-  T& operator()(int a, int month) { return values_[Offset(a, month)]; }
-  const T& operator()(int a, int month) const { return values_[Offset(a, month)]; }
+  T& operator()(int a, int month) { return values_.At(Offset(a, month)); }
+  const T& operator()(int a, int month) const { return values_.At(Offset(a, month)); }
+  // False while no value has been written.
+  bool Allocated() const { return values_.Allocated(); }
 
  private:
   std::size_t Offset(int a, int month) const {
@@ -63,7 +98,7 @@ class MonthGrid {
     return static_cast<std::size_t>(a - ALow) * 13 + static_cast<std::size_t>(month);
   }
 
-  std::array<T, (AHigh - ALow + 1) * 13> values_;
+  LazyCells<T, (AHigh - ALow + 1) * 13> values_;
   const char* name_;
 };
 
@@ -71,10 +106,12 @@ class MonthGrid {
 template <class T, int ALow, int AHigh, int BLow, int BHigh>
 class MonthGrid3 {
  public:
-  explicit MonthGrid3(const char* name = nullptr) : name_(name) { values_.fill(T{}); }
+  explicit MonthGrid3(const char* name = nullptr) : name_(name) {}
 
-  T& operator()(int a, int b, int month) { return values_[Offset(a, b, month)]; }
-  const T& operator()(int a, int b, int month) const { return values_[Offset(a, b, month)]; }
+  T& operator()(int a, int b, int month) { return values_.At(Offset(a, b, month)); }
+  const T& operator()(int a, int b, int month) const { return values_.At(Offset(a, b, month)); }
+  // False while no value has been written.
+  bool Allocated() const { return values_.Allocated(); }
 
  private:
   std::size_t Offset(int a, int b, int month) const {
@@ -85,7 +122,7 @@ class MonthGrid3 {
            static_cast<std::size_t>(month);
   }
 
-  std::array<T, (AHigh - ALow + 1) * (BHigh - BLow + 1) * 13> values_;
+  LazyCells<T, (AHigh - ALow + 1) * (BHigh - BLow + 1) * 13> values_;
   const char* name_;
 };
 

@@ -69,12 +69,15 @@ void clsMitarbeiter::Load(std::int16_t pFilterAbrechnungsjahr, eSortOrderMitarbe
   auto career = db.OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] ORDER BY [Datum] DESC, [Nr] DESC");
   auto replacements = db.OpenRecordset(ReplacementSql(pFilterAbrechnungsjahr));
   std::int16_t index = 0;
-  for (; !employees->Eof(); employees->MoveNext()) {
-    if (!BelongsToYear(pFilterAbrechnungsjahr, *employees, *career, *replacements)) continue;
-    auto lohn = std::make_shared<LLohn>();
-    const std::string id = ToText(employees->Fields("ID"));
-    lohn->LoadMitarbeiter(*manager, id, ++index);
-    entries_.Add(lohn, id);
+  const long total = employees->RecordCount();
+  for (long done = 1; !employees->Eof(); employees->MoveNext(), ++done) {
+    if (BelongsToYear(pFilterAbrechnungsjahr, *employees, *career, *replacements)) {
+      auto lohn = std::make_shared<LLohn>();
+      const std::string id = ToText(employees->Fields("ID"));
+      lohn->LoadMitarbeiter(*manager, id, ++index);
+      entries_.Add(lohn, id);
+    }
+    if (progress_) progress_(done, total);
   }
   employees->Close();
   career->Close();

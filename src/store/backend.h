@@ -65,6 +65,9 @@ class Backend {
 
   // Runs a SELECT in the domain's dialect and fetches all its rows.
   virtual QueryResult Query(std::string_view jet_sql) = 0;
+  // The columns a SELECT gives, without running it; a statement the store
+  // refuses fails here.
+  virtual std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) = 0;
   // Runs an action statement in the domain's dialect; gives the rows it touched.
   virtual long Execute(std::string_view jet_sql) = 0;
 

@@ -88,6 +88,12 @@ struct Recordset::Impl {
   std::vector<Variant> edit_row;
   std::vector<char> dirty;
 
+  // The rows are read when they are first needed, so that the insert idiom (open
+  // a whole table, AddNew, Update, take the key) does not read the table. A row
+  // inserted before that is the current row on its own until the rows are read.
+  bool fetched = false;
+  std::optional<std::vector<Variant>> inserted;
+
   mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
 
   std::size_t Width() const { return layout->Size(); }
@@ -102,13 +108,31 @@ struct Recordset::Impl {
     if (!open) Fail("the recordset is closed");
   }
 
+  void SetLayout(std::shared_ptr<const detail::ColumnLayout> columns) {
+    layout = std::move(columns);
+    key_column = base_table.empty() ? -1 : std::max(layout->Lookup(detail::kRowKeyColumn), -1);
+  }
+
   void Load(detail::QueryResult result) {
-    layout = std::move(result.layout);
+    SetLayout(std::move(result.layout));
     cells = std::move(result.cells);
     deleted.assign(RowCount(), 0);
     indexes.clear();
     indexes.resize(Width());
-    key_column = base_table.empty() ? -1 : std::max(layout->Lookup(detail::kRowKeyColumn), -1);
+    fetched = true;
+  }
+
+  // Reads the rows if they have not been read. A row inserted before stays the
+  // current one, now found among the rows.
+  void EnsureFetched() {
+    if (fetched) return;
+    Load(backend->Query(sql));
+    ApplyFilter();
+    if (!inserted) return;
+    const Variant key = (*inserted)[key_column];
+    inserted.reset();
+    for (std::size_t i = 0; i < view.size(); ++i)
+      if (cells[static_cast<std::size_t>(view[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
   }
 
   int Lookup(std::string_view name) const { return layout->Lookup(name); }
@@ -122,12 +146,23 @@ struct Recordset::Impl {
     return column;
   }
 
-  bool HasRow() const { return mode == Adding || (pos >= 0 && pos < static_cast<long>(view.size())); }
+  bool HasRow() {
+    if (mode == Adding || inserted) return true;
+    EnsureFetched();
+    return pos >= 0 && pos < static_cast<long>(view.size());
+  }
 
-  const Variant* Cell(int column) const {
+  // The current row's cells, or nullptr at no current row.
+  const Variant* Row() {
+    if (inserted) return inserted->data();
+    if (!HasRow()) return nullptr;
+    return &cells[static_cast<std::size_t>(view[pos]) * Width()];
+  }
+
+  const Variant* Cell(int column) {
     if (mode != None) return &edit_row[column];
-    if (pos < 0 || pos >= static_cast<long>(view.size())) return nullptr;
-    return &cells[static_cast<std::size_t>(view[pos]) * Width() + column];
+    const Variant* row = Row();
+    return row ? row + column : nullptr;
   }
 
   const ColumnIndex& IndexOf(int column) const {
@@ -214,6 +249,11 @@ struct Recordset::Impl {
           if (column >= 0) row[column] = stored.cells[i];
         }
       }
+      mode = None;
+      if (!fetched) {  // the rows, when read, will hold this one
+        inserted = std::move(row);
+        return;
+      }
       auto new_row = static_cast<std::uint32_t>(RowCount());
       cells.insert(cells.end(), row.begin(), row.end());
       deleted.push_back(0);
@@ -222,12 +262,12 @@ struct Recordset::Impl {
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      std::uint32_t row = view[pos];
-      backend->UpdateRow(base_table, cells[row * Width() + key_column], names, values);
+      Variant* row = inserted ? inserted->data() : &cells[static_cast<std::size_t>(view[pos]) * Width()];
+      backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
-        cells[row * Width() + i] = backend->Normalize(edit_row[i], Column(i).affinity);
-        indexes[i].reset();
+        row[i] = backend->Normalize(edit_row[i], Column(i).affinity);
+        if (!inserted) indexes[i].reset();
       }
     }
     mode = None;
@@ -265,8 +305,11 @@ Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, 
   impl_->cursor = cursor;
   impl_->lock = lock;
   impl_->base_table = impl_->backend->Translate(impl_->sql).base_table;
-  impl_->Load(impl_->backend->Query(impl_->sql));
-  impl_->ApplyFilter();
+  // The statement is checked now (a missing table fails here). A read-only
+  // recordset is a snapshot of this moment; one opened for writing reads its rows
+  // when they are first needed.
+  if (lock == adLockReadOnly) impl_->EnsureFetched();
+  else impl_->SetLayout(impl_->backend->Describe(impl_->sql));
 }
 
 Recordset::~Recordset() {
@@ -274,18 +317,21 @@ Recordset::~Recordset() {
 }
 
 bool Recordset::Eof() const {
-  if (impl_->mode == Impl::Adding) return false;
+  if (impl_->mode == Impl::Adding || impl_->inserted) return false;
+  impl_->EnsureFetched();
   return impl_->pos >= static_cast<long>(impl_->view.size()) || impl_->view.empty();
 }
 
 bool Recordset::Bof() const {
-  if (impl_->mode == Impl::Adding) return false;
+  if (impl_->mode == Impl::Adding || impl_->inserted) return false;
+  impl_->EnsureFetched();
   return impl_->pos < 0 || impl_->view.empty();
 }
 
 void Recordset::MoveNext() {
   impl_->RequireOpen();
   impl_->FlushPending();
+  impl_->EnsureFetched();
   if (Eof()) impl_->Fail("cannot move past the end", "the recordset is at EOF");
   ++impl_->pos;
 }
@@ -293,6 +339,7 @@ void Recordset::MoveNext() {
 void Recordset::MovePrevious() {
   impl_->RequireOpen();
   impl_->FlushPending();
+  impl_->EnsureFetched();
   if (Bof()) impl_->Fail("cannot move before the start", "the recordset is at BOF");
   --impl_->pos;
 }
@@ -300,16 +347,21 @@ void Recordset::MovePrevious() {
 void Recordset::MoveFirst() {
   impl_->RequireOpen();
   impl_->FlushPending();
+  impl_->EnsureFetched();
   impl_->pos = 0;
 }
 
 void Recordset::MoveLast() {
   impl_->RequireOpen();
   impl_->FlushPending();
+  impl_->EnsureFetched();
   impl_->pos = impl_->view.empty() ? 0 : static_cast<long>(impl_->view.size()) - 1;
 }
 
-long Recordset::RecordCount() const { return static_cast<long>(impl_->view.size()); }
+long Recordset::RecordCount() const {
+  impl_->EnsureFetched();
+  return static_cast<long>(impl_->view.size());
+}
 
 Field Recordset::Fields(std::string_view name) const { return Field(this, impl_->Resolve(name)); }
 
@@ -336,9 +388,9 @@ void Recordset::Collect(int index, const Variant& value) {
   if (index == d.key_column)
     throw StoreError("the column is filled by the store", d.Column(index).name, "it cannot be written: " + d.sql);
   if (d.mode == Impl::None) {
-    if (!d.HasRow()) d.Fail("no current row to write", "the recordset is at EOF or BOF; call AddNew first");
-    std::uint32_t row = d.view[d.pos];
-    d.edit_row.assign(d.cells.begin() + row * d.Width(), d.cells.begin() + (row + 1) * d.Width());
+    const Variant* row = d.Row();
+    if (!row) d.Fail("no current row to write", "the recordset is at EOF or BOF; call AddNew first");
+    d.edit_row.assign(row, row + d.Width());
     d.dirty.assign(d.Width(), 0);
     d.mode = Impl::Editing;
   }
@@ -373,6 +425,7 @@ void Recordset::Delete() {
     return;
   }
   d.mode = Impl::None;
+  d.EnsureFetched();
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
   std::uint32_t row = d.view[d.pos];
   d.backend->DeleteRow(d.base_table, d.cells[row * d.Width() + d.key_column]);
@@ -384,6 +437,7 @@ void Recordset::Filter(std::string_view criteria) {
   Impl& d = *impl_;
   d.RequireOpen();
   d.FlushPending();
+  d.EnsureFetched();
   if (TrimBlanks(criteria).empty()) {
     d.filter.reset();
     d.filter_text.clear();
@@ -400,6 +454,7 @@ void Recordset::Find(std::string_view criteria) {
   Impl& d = *impl_;
   d.RequireOpen();
   d.FlushPending();
+  d.EnsureFetched();
   FilterNode node = d.Parse(criteria);
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.view.size()); ++i) {
@@ -415,6 +470,7 @@ void Recordset::Requery() {
   Impl& d = *impl_;
   d.RequireOpen();
   d.FlushPending();
+  d.inserted.reset();
   d.Load(d.backend->Query(d.sql));
   if (d.filter) d.filter = d.Parse(d.filter_text);
   d.ApplyFilter();
@@ -424,6 +480,8 @@ void Recordset::Close() {
   if (!impl_->open) return;
   impl_->FlushPending();
   impl_->open = false;
+  impl_->fetched = true;  // nothing more to read
+  impl_->inserted.reset();
   impl_->indexes.clear();
   impl_->backend->Recycle(std::move(impl_->cells));
   impl_->cells = {};

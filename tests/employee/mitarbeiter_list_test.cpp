@@ -210,3 +210,23 @@ TEST_F(MitarbeiterListTest, TheMarginalBaseSumTakesTheFirstReplacementBenefitOnl
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(MitarbeiterListTest, ProgressCountsEveryEmployeeRowAlsoThoseTheYearLeavesOut) {
+  AddEmployee("Aigner", 1);
+  std::string left = AddEmployee("Binder", 2);
+  AddStep(left, eLBAustritt, DateSerial(2020, 6, 30));
+  AddEmployee("Czerny", 3);
+  std::vector<std::pair<long, long>> seen;
+  manager->Mitarbeiter()->SetProgress([&](long done, long total) { seen.emplace_back(done, total); });
+  manager->Mitarbeiter()->Load(0);
+  ASSERT_EQ(seen.size(), 3u);
+  EXPECT_EQ(seen.back(), std::make_pair(3L, 3L));
+  seen.clear();
+  manager->Mitarbeiter()->Load(2024);
+  EXPECT_EQ(seen.size(), 3u);
+  EXPECT_EQ(manager->Mitarbeiter()->Count(), 0);  // no career step: nobody belongs to 2024
+}
+
+}  // namespace

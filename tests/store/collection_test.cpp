@@ -81,4 +81,19 @@ TEST(IndexedArray, RangesAreCheckedInGetterAndSetter) {
   EXPECT_THROW(flags(0, 1), std::out_of_range);
 }
 
+TEST(IndexedArray, AGridTakesItsCellsAtTheFirstWrite) {
+  MonthGrid3<std::string, 1, 6, 1, 5> texts("ZSL_Text");
+  const auto& read_only = texts;
+  EXPECT_EQ(read_only(3, 2, 7), "");
+  EXPECT_FALSE(texts.Allocated());
+  EXPECT_THROW(read_only(0, 2, 7), std::out_of_range);  // checked without cells too
+  texts(3, 2, 7) = "Zulage";
+  EXPECT_TRUE(texts.Allocated());
+  EXPECT_EQ(read_only(3, 2, 7), "Zulage");
+  EXPECT_EQ(read_only(3, 2, 8), "");
+  MonthGrid3<std::string, 1, 6, 1, 5> copy = texts;
+  texts(3, 2, 7) = "changed";
+  EXPECT_EQ(copy(3, 2, 7), "Zulage");
+}
+
 }  // namespace

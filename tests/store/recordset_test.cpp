@@ -174,6 +174,24 @@ TEST_F(RecordsetTest, AddNewUpdateKeepsTheNewRowCurrentWithTheStoreFilledKeys) {
   EXPECT_TRUE(ToFlag(check->Fields("Standardordner")));
 }
 
+TEST_F(RecordsetTest, AddingToAWholeTableReadsItsRowsOnlyWhenAsked) {
+  AddPayRows();
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Lohnzettel]", adOpenDynamic, adLockOptimistic);
+  rs->AddNew();
+  rs->Collect("MitarbeiterID", employee);
+  rs->Collect("Zeitraum", 202501);
+  rs->Update();
+  std::string id = DateHelpers::GetNewRowID(*rs);  // the new row is current before any row is read
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202501);
+  rs->Collect("Gehalt", 77.5);  // and it can be changed again
+  rs->Update();
+  EXPECT_EQ(rs->RecordCount(), 15);  // now the rows are read, and it stays the current one
+  EXPECT_EQ(ToText(rs->Fields("ID")), id);
+  EXPECT_DOUBLE_EQ(ToAmount(rs->Fields("Gehalt")), 77.5);
+  rs->MoveFirst();
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202311);
+}
+
 TEST_F(RecordsetTest, TheNewRowIsFoundAgainByNrAfterRequery) {
   auto rs = db->Session().OpenRecordset("SELECT * FROM [Mandanten]", adOpenDynamic, adLockOptimistic);
   rs->AddNew();
@@ -234,6 +252,7 @@ TEST_F(RecordsetTest, AMoveSavesPendingChangesAndDeleteRemovesTheRow) {
 TEST_F(RecordsetTest, AnUpdateOfARowThatHasGoneFailsAndLosesNothingSilently) {
   AddPayRows();
   auto rs = PayRows(adLockOptimistic);
+  ASSERT_EQ(ToLong(rs->Fields("Zeitraum")), 202311);  // the row has been seen
   db->Session().ExecuteSql("DELETE * FROM [Mitarbeiter_Lohnzettel] WHERE [Zeitraum]=202311", true);
   rs->Collect("Gehalt", 1);
   EXPECT_THROW(rs->Update(), StoreError);

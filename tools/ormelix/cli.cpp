@@ -75,16 +75,16 @@ std::int16_t ParseYear(const std::string& text) {
 
 bool IsTerminal(int fd) { return isatty(fd) == 1; }
 
-Progress::Progress(std::string label, long total)
-    : label_(std::move(label)), total_(total), visible_(IsTerminal(2) && total > 0) {}
+Progress::Progress(std::string label) : label_(std::move(label)), visible_(IsTerminal(2)) {}
 
 Progress::~Progress() {
-  if (visible_ && shown_ >= 0) std::fprintf(stderr, "\r%s %ld/%ld\n", label_.c_str(), total_, total_);
+  if (visible_ && shown_ >= 0) std::fprintf(stderr, "\r%s %ld/%ld      \n", label_.c_str(), total_, total_);
 }
 
-void Progress::Step(long done) {
-  if (!visible_) return;
-  long percent = done * 100 / total_;
+void Progress::Step(long done, long total) {
+  if (!visible_ || total <= 0) return;
+  total_ = total;
+  long percent = done * 100 / total;
   if (percent == shown_) return;
   shown_ = percent;
   std::fprintf(stderr, "\r%s %ld/%ld (%ld%%)", label_.c_str(), done, total_, percent);

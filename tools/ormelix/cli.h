@@ -46,14 +46,16 @@ bool IsTerminal(int fd);
 // Shows how far long work has come, on standard error and only on a terminal.
 class Progress {
  public:
-  Progress(std::string label, long total);
+  explicit Progress(std::string label);
   ~Progress();
-  void Step(long done);
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  void Step(long done, long total);
 
  private:
   std::string label_;
-  long total_;
   bool visible_;
+  long total_ = 0;
   long shown_ = -1;
 };
 

@@ -8,9 +8,9 @@ namespace cli {
 
 using ormelix::DateHelpers::DateSerial;
 
-void BuildDemo(ormelix::clsManager& manager, std::ostream& out) {
+void BuildDemo(ormelix::clsManager& manager, int extra_employees, std::ostream& out) {
   out << "Base values\n";
-  BuildBaseValues(manager, out);
+  auto folder = BuildBaseValues(manager, out);
   auto employer = std::make_shared<ormelix::clsMandant>();
   employer->InitLohnDB(manager.AktDB());
   employer->InitImportDB(manager.ImportDB());
@@ -31,8 +31,9 @@ void BuildDemo(ormelix::clsManager& manager, std::ostream& out) {
   employer->Update();
   manager.ChangeAktMandant(employer->ID());
   out << "Employer " << employer->Name << " (" << employer->ID() << ")\n";
+  out << "Employees\n";
+  BuildEmployees(manager, folder, extra_employees, out);
 }
 
-void WalkDemoMonth(ormelix::clsManager&, std::ostream&) {}
 
 }  // namespace cli

@@ -11,13 +11,15 @@
 namespace cli {
 
 const char* const kDemoHelp =
-    "usage: ormelix demo [DIR]\n"
+    "usage: ormelix demo [DIR] [--employees N]\n"
     "  Builds a demo payroll store and reference store in DIR (default: a fresh folder\n"
     "  ormelix-demo-YYYYMMDD-HHMMSS in the current folder) through the library's own\n"
     "  objects: a Standard folder of base values with dated tables of 2024 and 2025\n"
     "  carrying Austrian statutory figures, a restore folder, one employer and five\n"
     "  employees with pay months of 2024 and 2025. Then it walks one employee's month\n"
-    "  the way a payroll host does and prints it. DIR must not hold stores already.\n";
+    "  the way a payroll host does and prints it. DIR must not hold stores already.\n"
+    "  --employees N   N employees instead of five (5 to 30000): the five named ones and\n"
+    "                  generated ones, for a store of some size\n";
 
 namespace {
 
@@ -36,8 +38,21 @@ std::filesystem::path FreshFolder() {
 }  // namespace
 
 int Demo(Arguments args) {
+  std::optional<std::string> count = args.TakeOption("employees");
   std::optional<std::string> dir = args.TakePositional();
-  args.ExpectEnd("ormelix demo [DIR]");
+  args.ExpectEnd("ormelix demo [DIR] [--employees N]");
+  int employees = 5;
+  if (count) {
+    try {
+      std::size_t used = 0;
+      employees = std::stoi(*count, &used);
+      if (used != count->size()) throw std::invalid_argument(*count);
+    } catch (const std::exception&) {
+      employees = 0;
+    }
+    if (employees < 5 || employees > 30000)
+      throw UsageError("--employees '" + *count + "' is not a number from 5 to 30000");
+  }
   std::filesystem::path folder = dir ? std::filesystem::path(*dir) : FreshFolder();
   std::filesystem::path payroll = folder / "payroll.db";
   std::filesystem::path reference = folder / "reference.db";
@@ -49,9 +64,19 @@ int Demo(Arguments args) {
   ormelix::CreateStore(reference.string(), ormelix::StoreKind::Reference);
   std::cout << "Demo stores in " << folder.string() << "/\n";
 
-  auto manager = OpenStores(folder.string(), /*read_only=*/false);
-  BuildDemo(*manager, std::cout);
-  WalkDemoMonth(*manager, std::cout);
+  {
+    auto builder = OpenStores(folder.string(), /*read_only=*/false);
+    BuildDemo(*builder, employees - 5, std::cout);
+  }
+  // The walk takes a session of its own, as a host would, on what was stored.
+  auto reader = OpenStores(folder.string(), /*read_only=*/true);
+  WalkDemoMonth(*reader, std::cout);
+  std::string store = folder.string();
+  std::cout << "\nLook further (each also with --json):\n"
+            << "  ormelix show --store " << store << " employers\n"
+            << "  ormelix show --store " << store << " employees --year 2025 --sort name\n"
+            << "  ormelix show --store " << store << " base --period 202503\n"
+            << "  ormelix show --store " << store << " month --employee 1001 --period 202503\n";
   return 0;
 }
 

@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <ostream>
+#include <vector>
 #include <string>
 
 #include "cli.h"
 #include "json.h"
+#include "values.h"
 #include "ormelix/session/manager.h"
 
 namespace ormelix {
@@ -32,6 +35,10 @@ struct BaseSelection {
 // Loads the base values and selects; UsageError for an unknown folder, a store
 // without a Standard folder, or a folder without tables.
 BaseSelection SelectBase(ormelix::clsManager& manager, std::int32_t period, const std::optional<std::string>& folder);
+
+// A titled two-column table of field and value; blank values left out if asked.
+void PrintPairs(std::ostream& out, const std::string& title, const std::vector<ColumnValue>& values,
+                bool skip_blank = false);
 
 json::Value EmployerJson(const ormelix::clsMandant& employer);
 // Selects the employer with that ID (UsageError for one the store does not hold),

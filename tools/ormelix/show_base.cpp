@@ -120,8 +120,8 @@ json::Value BaseJson(const BaseSelection& s) {
   for (const Named& group : kSAGroups) {
     json::Value& g = sa_groups.Set(group.name, json::Value::MakeObject());
     g.Set("VGruppe", group.number);
-    for (auto& [column, value] : ColumnValues(SAWerteColumns(), *t.SA()->Gruppe(group.number)))
-      g.Set(column, PropertyJson(value));
+    for (const ColumnValue& value : ColumnValues(SAWerteColumns(), *t.SA()->Gruppe(group.number)))
+      g.Set(value.column, ValueJson(value));
   }
   json::Value& gering = sa.Set("GrenzbetragGeringBeschaeftigte", json::Value::MakeObject());
   gering.Set("Prozent", t.SA()->GrenzbetragGeringBeschaeftigte()->Prozent);
@@ -132,7 +132,7 @@ json::Value BaseJson(const BaseSelection& s) {
     PPRow row{t.PP().get(), sort_nr};
     json::Value& band = pp.Push(json::Value::MakeObject());
     band.Set("SortNr", sort_nr);
-    for (auto& [column, value] : ColumnValues(PPColumns(), row)) band.Set(column, PropertyJson(value));
+    for (const ColumnValue& value : ColumnValues(PPColumns(), row)) band.Set(value.column, ValueJson(value));
   }
   doc.Set("FB", ColumnsJson(FBColumns(), *t.FB()));
   doc.Set("ALV", ColumnsJson(ALVColumns(), *t.ALV()));
@@ -145,7 +145,7 @@ json::Value BaseJson(const BaseSelection& s) {
     r.Set("DNGruppe", line.group->number);
     r.Set("Gruppe", line.group->name);
     r.Set("SortNr", line.sort_nr ? json::Value(line.sort_nr) : json::Value());
-    for (auto& [column, value] : ColumnValues(DGColumnsOf(line.group->number), row)) r.Set(column, PropertyJson(value));
+    for (const ColumnValue& value : ColumnValues(DGColumnsOf(line.group->number), row)) r.Set(value.column, ValueJson(value));
   }
   DGMHead head{t.DGM().get(), t.SA().get()};
   json::Value& dgm = doc.Set("DGM", ColumnsJson(DGMColumns(), head));
@@ -156,20 +156,10 @@ json::Value BaseJson(const BaseSelection& s) {
   return doc;
 }
 
-bool AllZero(const std::vector<std::pair<std::string, PropertyRef>>& values) {
-  for (const auto& entry : values)
-    if (auto* number = std::get_if<double*>(&entry.second); number && **number != 0) return false;
+bool AllZero(const std::vector<ColumnValue>& values) {
+  for (const ColumnValue& value : values)
+    if (!IsBlank(value)) return false;
   return true;
-}
-
-void PrintPairs(std::ostream& out, const std::string& title,
-                const std::vector<std::pair<std::string, PropertyRef>>& values) {
-  out << "\n" << title << "\n";
-  TextTable table;
-  table.Column("Feld");
-  table.Column("Wert", TextTable::Right);
-  for (const auto& [column, value] : values) table.Row({column, PropertyText(value)});
-  table.Print(out, "  ");
 }
 
 void PrintBase(std::ostream& out, const BaseSelection& s) {
@@ -227,7 +217,7 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
     auto values = ColumnValues(DGColumnsOf(line.group->number), row);
     if (AllZero(values)) continue;
     std::vector<std::string> cells = {line.group->name, line.sort_nr ? std::to_string(line.sort_nr) : ""};
-    for (auto& [column, value] : values) cells.push_back(PropertyText(value));
+    for (const ColumnValue& value : values) cells.push_back(ValueText(value));
     dg.Row(std::move(cells));
   }
   dg.Print(out, "  ");
@@ -242,7 +232,7 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
   for (auto [group, name] : {std::pair{24, "Angestellte"}, std::pair{25, "Arbeiter"}}) {
     DGMRow row{t.DGM().get(), group};
     std::vector<std::string> cells = {name};
-    for (auto& [column, value] : ColumnValues(DGMWerteColumns(), row)) cells.push_back(PropertyText(value));
+    for (const ColumnValue& value : ColumnValues(DGMWerteColumns(), row)) cells.push_back(ValueText(value));
     dgm.Row(std::move(cells));
   }
   dgm.Print(out, "  ");

@@ -61,6 +61,17 @@ int ShowEmployers(ormelix::clsManager& manager, Arguments& args, bool as_json) {
 
 }  // namespace
 
+void PrintPairs(std::ostream& out, const std::string& title, const std::vector<ColumnValue>& values,
+                bool skip_blank) {
+  out << "\n" << title << "\n";
+  TextTable table;
+  table.Column("Feld");
+  table.Column("Wert", TextTable::Right);
+  for (const ColumnValue& value : values)
+    if (!skip_blank || !IsBlank(value)) table.Row({value.column, ValueText(value)});
+  table.Print(out, "  ");
+}
+
 json::Value EmployerJson(const ormelix::clsMandant& m) {
   using ormelix::DateHelpers::FormatDate;
   json::Value e = json::Value::MakeObject();

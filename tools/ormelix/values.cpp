@@ -1,5 +1,6 @@
 #include "values.h"
 
+#include "ormelix/store/date_helpers.h"
 #include "ormelix/store/rounding_helpers.h"
 #include "ormelix/store/variant.h"
 #include "table.h"
@@ -18,20 +19,46 @@ Overloaded(F...) -> Overloaded<F...>;
 // Singles are shown to the seven digits they carry.
 double Shown(float value) { return ormelix::RoundingHelpers::RoundTo(value, 6); }
 
+json::Value VariantJson(const ormelix::Variant& value) {
+  switch (value.kind()) {
+    case ormelix::Variant::Boolean:
+      return json::Value(value.AsBool());
+    case ormelix::Variant::Integer:
+      return json::Value(static_cast<long long>(value.AsInteger()));
+    case ormelix::Variant::Double:
+      return json::Value(value.AsDouble());
+    case ormelix::Variant::Text:
+      return json::Value(value.AsText());
+    default:
+      return json::Value();
+  }
+}
+
 }  // namespace
 
-json::Value PropertyJson(ormelix::PropertyRef property) {
+// A day count read as a date: its double.
+static const double* DateOf(const ColumnValue& value) {
+  if (value.load != ormelix::LoadAs::Date || !value.property) return nullptr;
+  auto* date = std::get_if<double*>(&*value.property);
+  return date ? *date : nullptr;
+}
+
+json::Value ValueJson(const ColumnValue& value) {
+  if (!value.property) return VariantJson(value.stored);
+  if (const double* date = DateOf(value)) return json::Value(ormelix::DateHelpers::FormatDate(*date));
   return std::visit(Overloaded{[](std::string* p) { return json::Value(*p); },
                                [](bool* p) { return json::Value(*p); },
                                [](std::int16_t* p) { return json::Value(static_cast<int>(*p)); },
                                [](std::int32_t* p) { return json::Value(static_cast<long>(*p)); },
                                [](float* p) { return json::Value(Shown(*p)); },
                                [](double* p) { return json::Value(*p); },
-                               [](ormelix::Variant* p) { return json::Value(p->Describe()); }},
-                    property);
+                               [](ormelix::Variant* p) { return VariantJson(*p); }},
+                    *value.property);
 }
 
-std::string PropertyText(ormelix::PropertyRef property) {
+std::string ValueText(const ColumnValue& value) {
+  if (!value.property) return value.stored.Describe();
+  if (const double* date = DateOf(value)) return ormelix::DateHelpers::FormatDate(*date);
   return std::visit(Overloaded{[](std::string* p) { return *p; },
                                [](bool* p) { return std::string(*p ? "ja" : "nein"); },
                                [](std::int16_t* p) { return std::to_string(*p); },
@@ -39,7 +66,23 @@ std::string PropertyText(ormelix::PropertyRef property) {
                                [](float* p) { return Number(Shown(*p)); },
                                [](double* p) { return Number(*p); },
                                [](ormelix::Variant* p) { return p->Describe(); }},
-                    property);
+                    *value.property);
+}
+
+bool IsBlank(const ColumnValue& value) {
+  if (!value.property) {
+    double number = 0;
+    return value.stored.IsMissing() || (value.stored.IsText() && value.stored.AsText().empty()) ||
+           (value.stored.TryNumber(number) && number == 0);
+  }
+  return std::visit(Overloaded{[](std::string* p) { return p->empty(); },
+                               [](bool* p) { return !*p; },
+                               [](std::int16_t* p) { return *p == 0; },
+                               [](std::int32_t* p) { return *p == 0; },
+                               [](float* p) { return *p == 0; },
+                               [](double* p) { return *p == 0; },
+                               [](ormelix::Variant* p) { return p->IsMissing(); }},
+                    *value.property);
 }
 
 }  // namespace cli

@@ -2,8 +2,8 @@
 // the library, so that a view shows every value a table stores.
 #pragma once
 
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "json.h"
@@ -11,24 +11,36 @@
 
 namespace cli {
 
-json::Value PropertyJson(ormelix::PropertyRef property);
-std::string PropertyText(ormelix::PropertyRef property);
+// One read column: its property, or for a column with a conversion of its own
+// (a text of day numbers, say) the value as it is stored.
+struct ColumnValue {
+  std::string column;
+  std::optional<ormelix::PropertyRef> property;
+  ormelix::Variant stored;
+  ormelix::LoadAs load = ormelix::LoadAs::None;  // a date shows as a date
+};
+
+json::Value ValueJson(const ColumnValue& value);
+std::string ValueText(const ColumnValue& value);
+// True for 0, False, "" and date 0.
+bool IsBlank(const ColumnValue& value);
 
 // Every read column of the declaration with its value in the target.
 template <class Target>
-std::vector<std::pair<std::string, ormelix::PropertyRef>> ColumnValues(const ormelix::ColumnSet<Target>& columns,
-                                                                       Target& target) {
-  std::vector<std::pair<std::string, ormelix::PropertyRef>> values;
-  for (const auto& decl : columns.Columns())
-    if (decl.column && decl.property && decl.load != ormelix::LoadAs::None)
-      values.emplace_back(decl.column, decl.property(target));
+std::vector<ColumnValue> ColumnValues(const ormelix::ColumnSet<Target>& columns, Target& target) {
+  std::vector<ColumnValue> values;
+  for (const auto& decl : columns.Columns()) {
+    if (!decl.column || decl.load == ormelix::LoadAs::None) continue;
+    if (decl.property) values.push_back({decl.column, decl.property(target), {}, decl.load});
+    else if (decl.save_with) values.push_back({decl.column, std::nullopt, decl.save_with(target), decl.load});
+  }
   return values;
 }
 
 template <class Target>
 json::Value ColumnsJson(const ormelix::ColumnSet<Target>& columns, Target& target) {
   json::Value object = json::Value::MakeObject();
-  for (auto& [column, property] : ColumnValues(columns, target)) object.Set(column, PropertyJson(property));
+  for (const ColumnValue& value : ColumnValues(columns, target)) object.Set(value.column, ValueJson(value));
   return object;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -23,6 +24,11 @@ class clsMitarbeiter {
 
   // Library-internal: the session gives its back reference once, at creation.
   void SetManager(const std::shared_ptr<clsManager>& manager) { manager_.Set(manager); }
+
+  // Called by Load after each employee row of the employer, with the rows done and
+  // the rows in all, so that a host can show how far a long load has come. An
+  // empty function (the default) is not called.
+  void SetProgress(std::function<void(long done, long total)> progress) { progress_ = std::move(progress); }
 
   // Reads the flagged tables of every employee again (LLohn::Refresh).
   void Refresh(int pRefresh);
@@ -62,6 +68,7 @@ class clsMitarbeiter {
   std::string GetIDBySortNr(const std::string& pSortNr) const;
 
   ManagerRef manager_;
+  std::function<void(long, long)> progress_;
   Collection<LLohn> entries_;
   std::shared_ptr<LLohn> empty_employee_;
 };

@@ -2,7 +2,10 @@
 // with the operations the domain logic uses on it. Whatever cursor type was asked
 // for, every recordset can move both ways, be filtered again and again and count
 // its rows. A recordset opened for writing (optimistic lock, a plain
-// "SELECT * FROM [table]" statement) writes each Update straight to the store.
+// "SELECT * FROM [table]" statement) writes each Update straight to the store, and
+// reads its rows only when it is first asked for one (a field of a stored row, a
+// move, EOF, a filter): adding rows to a large table does not read the table.
+// A read-only recordset is a snapshot of the moment it was opened.
 #pragma once
 
 #include <cstdint>

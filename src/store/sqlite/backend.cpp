@@ -112,6 +112,11 @@ class SqliteBackend final : public Backend {
     return Fetch(stmt, jet_sql);
   }
 
+  std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    return LayoutOf(Prepare(sql.text, jet_sql));
+  }
+
   long Execute(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
     CachedStatement& stmt = Prepare(sql.text, jet_sql);
@@ -288,10 +293,11 @@ class SqliteBackend final : public Backend {
     throw StoreError("statement refused by the store", std::string(subject), message, code);
   }
 
-  QueryResult Fetch(CachedStatement& cached, std::string_view subject) {
-    sqlite3_stmt* stmt = cached.handle.get();
-    int count = sqlite3_column_count(stmt);
+  // The columns of a prepared statement, made once and kept with it.
+  const std::shared_ptr<const ColumnLayout>& LayoutOf(CachedStatement& cached) {
     if (!cached.layout) {
+      sqlite3_stmt* stmt = cached.handle.get();
+      int count = sqlite3_column_count(stmt);
       std::vector<ColumnInfo> columns;
       columns.reserve(count);
       for (int i = 0; i < count; ++i) {
@@ -301,8 +307,14 @@ class SqliteBackend final : public Backend {
       }
       cached.layout = std::make_shared<const ColumnLayout>(std::move(columns));
     }
+    return cached.layout;
+  }
+
+  QueryResult Fetch(CachedStatement& cached, std::string_view subject) {
+    sqlite3_stmt* stmt = cached.handle.get();
+    int count = sqlite3_column_count(stmt);
     QueryResult result;
-    result.layout = cached.layout;
+    result.layout = LayoutOf(cached);
     result.cells = TakeSpare();
     // A statement of one shape tends to give as many rows as last time (the pay
     // months of one employee after those of another): sizing the cells for that

@@ -1,0 +1,135 @@
+// ormelix show employees / show month: the employee list of a year, and one
+// employee's master data and pay month.
+#include <iostream>
+
+#include "ormelix/employee/lohn.h"
+#include "ormelix/employee/lohn_arbeiter.h"
+#include "ormelix/employee/mitarbeiter_list.h"
+#include "ormelix/employee/mod_database.h"
+#include "ormelix/employer/mandant.h"
+#include "ormelix/store/date_helpers.h"
+#include "ormelix/store/value_helpers.h"
+#include "show.h"
+#include "table.h"
+
+namespace cli {
+
+using namespace ormelix;
+using namespace ormelix::ValueHelpers;
+
+namespace {
+
+json::Value EmployeeJson(LLohn& lohn) {
+  json::Value e = ColumnsJson(modDatabase::MitarbeiterColumns(), lohn);
+  e.Set("Index", static_cast<int>(lohn.Index()));
+  e.Set("ID", lohn.ID());
+  e.Set("Bankverbindung", ColumnsJson(modDatabase::BankverbindungColumns(), lohn));
+  return e;
+}
+
+// The employee named by ID or by Personalnummer among the employer's employees.
+std::string FindEmployee(clsManager& manager, const std::string& wanted) {
+  std::string employer = SqlID(manager.AktMandant()->ID());
+  std::string sql = "SELECT [ID] FROM [Mitarbeiter] WHERE [MandantenID]=" + employer + " AND ";
+  double number = 0;
+  if (DateHelpers::IsID(Variant(SqlID(wanted)))) {
+    sql += "[ID]=" + SqlID(wanted);
+  } else if (ParseNumber(wanted, number) && number == static_cast<std::int16_t>(number)) {
+    sql += "[Personalnummer]=" + std::to_string(static_cast<int>(number));
+  } else {
+    throw UsageError("employee '" + wanted + "' is neither an ID nor a Personalnummer");
+  }
+  auto rs = manager.AktDB()->Session().OpenRecordset(sql);
+  if (rs->Eof())
+    throw UsageError("unknown employee '" + wanted + "' at employer " + manager.AktMandant()->Name +
+                     "; expected an ID or Personalnummer of: ormelix show employees --year YYYY");
+  return ToText(rs->Fields("ID"));
+}
+
+bool HasPayRow(clsManager& manager, const std::string& employee, std::int32_t period) {
+  auto rs = manager.AktDB()->Session().OpenRecordset("SELECT [ID] FROM [Mitarbeiter_Lohnzettel] WHERE [MitarbeiterID]=" +
+                                                     SqlID(employee) + " AND [Zeitraum]=" + std::to_string(period));
+  return !rs->Eof();
+}
+
+}  // namespace
+
+int ShowEmployees(clsManager& manager, Arguments& args, bool as_json) {
+  std::optional<std::string> year = args.TakeOption("year");
+  std::optional<std::string> sort = args.TakeOption("sort");
+  std::optional<std::string> employer = args.TakeOption("employer");
+  args.ExpectEnd("ormelix show employees --year YYYY [--sort name] [--employer ID] [--json]");
+  if (!year) throw UsageError("show employees needs --year YYYY (e.g. --year 2025)");
+  if (sort && *sort != "name" && *sort != "personalnummer")
+    throw UsageError("unknown sort '" + *sort + "'; expected name or personalnummer");
+  manager.AktJahr = ParseYear(*year);
+  SelectEmployer(manager, employer);
+  auto list = manager.Mitarbeiter();
+  {
+    Progress progress("loading employees");
+    list->SetProgress([&progress](long done, long total) { progress.Step(done, total); });
+    list->Load(manager.AktJahr, sort && *sort == "name" ? lcName : lcPersonalnummer);
+    list->SetProgress(nullptr);
+  }
+  if (as_json) {
+    json::Value doc = json::Value::MakeObject();
+    doc.Set("employer", EmployerJson(*manager.AktMandant()));
+    doc.Set("year", static_cast<int>(manager.AktJahr));
+    json::Value& employees = doc.Set("employees", json::Value::MakeArray());
+    for (const auto& lohn : *list) employees.Push(EmployeeJson(*lohn));
+    std::cout << doc.Dump();
+    return 0;
+  }
+  std::cout << manager.AktMandant()->Name << ", " << manager.AktJahr << ": " << list->Count() << " Mitarbeiter\n\n";
+  TextTable table;
+  table.Column("Index", TextTable::Right);
+  table.Column("Personalnummer", TextTable::Right);
+  for (const char* header : {"Familienname", "VorName", "Geburtsdatum", "Tätigkeit", "ID"}) table.Column(header);
+  for (const auto& lohn : *list) {
+    const LLohn_Arbeiter& a = *lohn->Mitarbeiter();
+    table.Row({std::to_string(lohn->Index()), std::to_string(a.Personalnummer), a.FName, a.VName,
+               DateHelpers::FormatDate(lohn->Geb_Datum), a.Beschaeftigt, lohn->ID()});
+  }
+  table.Print(std::cout);
+  return 0;
+}
+
+int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
+  std::optional<std::string> employee = args.TakeOption("employee");
+  std::optional<std::string> period = args.TakeOption("period");
+  std::optional<std::string> employer = args.TakeOption("employer");
+  args.ExpectEnd("ormelix show month --employee ID --period YYYYMM [--employer ID] [--json]");
+  if (!employee) throw UsageError("show month needs --employee ID (or a Personalnummer)");
+  if (!period) throw UsageError("show month needs --period YYYYMM (e.g. --period 202503)");
+  std::int32_t key = ParsePeriod(*period);
+  SelectEmployer(manager, employer);
+  manager.AktJahr = static_cast<std::int16_t>(key / 100);
+  manager.AktMonat = static_cast<std::int16_t>(key % 100);
+  std::string id = FindEmployee(manager, *employee);
+  auto lohn = std::make_shared<LLohn>();
+  lohn->LoadMitarbeiter(manager, id, 0);
+  bool stored = HasPayRow(manager, id, key);
+  modDatabase::LohnzettelMonth month{lohn.get(), manager.AktMonat};
+  if (as_json) {
+    json::Value doc = json::Value::MakeObject();
+    doc.Set("period", static_cast<long>(key));
+    doc.Set("employee", EmployeeJson(*lohn));
+    json::Value& pay = doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
+    pay.Set("stored", stored);
+    std::cout << doc.Dump();
+    return 0;
+  }
+  const LLohn_Arbeiter& a = *lohn->Mitarbeiter();
+  std::cout << a.FName << " " << a.VName << " (Personalnummer " << a.Personalnummer << ", " << id << ")\n";
+  std::cout << manager.AktMandant()->Name << ", Zeitraum " << key;
+  if (!stored) std::cout << ": no pay row stored for this month; the defaults of a missing month are shown";
+  std::cout << "\n";
+  PrintPairs(std::cout, "Stammdaten (leere Felder ausgelassen; alle mit --json)",
+             ColumnValues(modDatabase::MitarbeiterColumns(), *lohn), true);
+  PrintPairs(std::cout, "Bankverbindung", ColumnValues(modDatabase::BankverbindungColumns(), *lohn), true);
+  PrintPairs(std::cout, "Lohnzettel " + std::to_string(key) + " (leere Felder ausgelassen; alle mit --json)",
+             ColumnValues(modDatabase::LohnzettelColumns(), month), true);
+  return 0;
+}
+
+}  // namespace cli
