@@ -14,13 +14,6 @@ namespace {
 
 using namespace ValueHelpers;
 
-template <class... F>
-struct Overloaded : F... {
-  using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
-
 [[noreturn]] void WrongTarget(const char* what) {
   throw ConversionError(std::string("a column declaration reads ") + what + " into a property of another type");
 }

@@ -16,13 +16,6 @@ using modDatabase::LohnzettelMonth;
 
 namespace {
 
-template <class... F>
-struct Overloaded : F... {
-  using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
-
 template <class Target>
 bool IsFlag(const ColumnDecl<Target>& decl) {
   return decl.load == LoadAs::Flag || decl.save == SaveAs::Flag;

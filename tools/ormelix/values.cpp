@@ -9,13 +9,6 @@ namespace cli {
 
 namespace {
 
-template <class... F>
-struct Overloaded : F... {
-  using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
-
 // Singles are shown to the seven digits they carry.
 double Shown(float value) { return ormelix::RoundingHelpers::RoundTo(value, 6); }
 
@@ -46,7 +39,7 @@ static const double* DateOf(const ColumnValue& value) {
 json::Value ValueJson(const ColumnValue& value) {
   if (!value.property) return VariantJson(value.stored);
   if (const double* date = DateOf(value)) return json::Value(ormelix::DateHelpers::FormatDate(*date));
-  return std::visit(Overloaded{[](std::string* p) { return json::Value(*p); },
+  return std::visit(ormelix::Overloaded{[](std::string* p) { return json::Value(*p); },
                                [](bool* p) { return json::Value(*p); },
                                [](std::int16_t* p) { return json::Value(static_cast<int>(*p)); },
                                [](std::int32_t* p) { return json::Value(static_cast<long>(*p)); },
@@ -59,7 +52,7 @@ json::Value ValueJson(const ColumnValue& value) {
 std::string ValueText(const ColumnValue& value) {
   if (!value.property) return value.stored.Describe();
   if (const double* date = DateOf(value)) return ormelix::DateHelpers::FormatDate(*date);
-  return std::visit(Overloaded{[](std::string* p) { return *p; },
+  return std::visit(ormelix::Overloaded{[](std::string* p) { return *p; },
                                [](bool* p) { return std::string(*p ? "ja" : "nein"); },
                                [](std::int16_t* p) { return std::to_string(*p); },
                                [](std::int32_t* p) { return std::to_string(*p); },
@@ -75,7 +68,7 @@ bool IsBlank(const ColumnValue& value) {
     return value.stored.IsMissing() || (value.stored.IsText() && value.stored.AsText().empty()) ||
            (value.stored.TryNumber(number) && number == 0);
   }
-  return std::visit(Overloaded{[](std::string* p) { return p->empty(); },
+  return std::visit(ormelix::Overloaded{[](std::string* p) { return p->empty(); },
                                [](bool* p) { return !*p; },
                                [](std::int16_t* p) { return *p == 0; },
                                [](std::int32_t* p) { return *p == 0; },

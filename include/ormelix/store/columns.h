@@ -49,6 +49,14 @@ enum class SaveAs {
 // A reference to a property of one of the types the domain stores.
 using PropertyRef = std::variant<std::string*, bool*, std::int16_t*, std::int32_t*, float*, double*, Variant*>;
 
+// A set of lambdas as one visitor, for std::visit over a PropertyRef.
+template <class... F>
+struct Overloaded : F... {
+  using F::operator()...;
+};
+template <class... F>
+Overloaded(F...) -> Overloaded<F...>;
+
 // Reads a field into a property; writes a property as a column value.
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
 Variant SaveProperty(PropertyRef from, SaveAs how);

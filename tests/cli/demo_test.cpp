@@ -1,0 +1,192 @@
+// The demo store, looked at through ormelix show: the figures must be the published
+// Austrian ones of 2024 and 2025.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/json_reader.h"
+#include "support/run_tool.h"
+#include "support/test_store.h"
+
+using namespace ormelix;
+using test::JsonValue;
+using test::RunTool;
+
+namespace {
+
+class DemoTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    dir_ = new test::TempDir();
+    demo_ = new test::ToolRun(RunTool({"demo", "store"}, dir_->Path().string()));
+  }
+  static void TearDownTestSuite() {
+    delete demo_;
+    delete dir_;
+  }
+  static std::string Store() { return (dir_->Path() / "store").string(); }
+  static JsonValue Show(std::vector<std::string> args) {
+    args.insert(args.begin(), {"show", "--store", Store()});
+    args.push_back("--json");
+    auto run = RunTool(args);
+    EXPECT_EQ(run.status, 0) << run.err;
+    return JsonValue::Parse(run.out);
+  }
+
+  static test::TempDir* dir_;
+  static test::ToolRun* demo_;
+};
+
+test::TempDir* DemoTest::dir_ = nullptr;
+test::ToolRun* DemoTest::demo_ = nullptr;
+
+TEST_F(DemoTest, TheDemoBuildsItsStoresAndWalksAMonth) {
+  ASSERT_EQ(demo_->status, 0) << demo_->err;
+  EXPECT_TRUE(std::filesystem::exists(dir_->Path() / "store" / "payroll.db"));
+  EXPECT_TRUE(std::filesystem::exists(dir_->Path() / "store" / "reference.db"));
+  EXPECT_NE(demo_->out.find("GetZeittabelle(202503) = \"Werte 2025\" (from 202501)"), std::string::npos) << demo_->out;
+  EXPECT_NE(demo_->out.find("GetZeittabelle(202312) = \"Werte 2025\""), std::string::npos);
+  EXPECT_NE(demo_->out.find("as stored"), std::string::npos);
+  EXPECT_EQ(demo_->out.find("DIFFERS"), std::string::npos);
+  EXPECT_TRUE(demo_->err.empty()) << demo_->err;  // no progress lines when not on a terminal
+}
+
+double Group(const JsonValue& base, const char* group, const char* column) {
+  return base["SA"]["groups"][group][column].AsNumber();
+}
+
+const JsonValue& DGRow(const JsonValue& base, const std::string& group) {
+  for (const JsonValue& row : base["DG"]["rows"].AsArray())
+    if (row["Gruppe"].AsString() == group) return row;
+  throw std::out_of_range("no DG row " + group);
+}
+
+TEST_F(DemoTest, BaseValuesOf2025AreThePublishedOnes) {
+  JsonValue base = Show({"base", "--period", "202503"});
+  EXPECT_EQ(base["folder"]["Bezeichnung"].AsString(), "Standard");
+  EXPECT_EQ(base["table"]["Datum"].AsNumber(), 202501);
+  EXPECT_FALSE(base["table"]["fallback"].AsBool());
+  EXPECT_DOUBLE_EQ(Group(base, "Krankenversicherung", "Prozent_DN"), 3.87);
+  EXPECT_DOUBLE_EQ(Group(base, "Krankenversicherung", "Prozent_DG"), 3.78);
+  EXPECT_DOUBLE_EQ(Group(base, "Pensionsversicherung", "Prozent_DN"), 10.25);
+  EXPECT_DOUBLE_EQ(Group(base, "Pensionsversicherung", "Prozent_DG"), 12.55);
+  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Prozent_DN"), 2.95);
+  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Obergrenze"), 6450.00);
+  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Sonderzahlung"), 12900.00);
+  EXPECT_DOUBLE_EQ(Group(base, "Unfallversicherung", "Prozent_DG"), 1.10);
+  EXPECT_DOUBLE_EQ(Group(base, "IESGZuschlag", "Prozent_DG"), 0.10);
+  EXPECT_DOUBLE_EQ(Group(base, "Kammerumlage", "Prozent_DN"), 0.50);
+  EXPECT_DOUBLE_EQ(Group(base, "Wohnbaufoederung", "Prozent_DG"), 0.50);
+  EXPECT_DOUBLE_EQ(Group(base, "KrankenversicherungLehrlinge2016", "Prozent_DN"), 1.67);
+  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent_DN"), 0);  // not published for 2025: not carried
+  EXPECT_DOUBLE_EQ(base["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 551.10);
+  EXPECT_DOUBLE_EQ(base["DGM"]["Lohnsumme"].AsNumber(), 826.65);
+  EXPECT_DOUBLE_EQ(base["DGM"]["Prozent"].AsNumber(), 19.4);
+
+  const double bounds[] = {0, 13308, 21617, 35836, 69166, 103072, 1000000};
+  const double rates[] = {0, 20, 30, 40, 48, 50, 55};
+  const JsonValue& bands = base["LST"]["bands"];
+  ASSERT_EQ(bands.Size(), 7u);
+  for (std::size_t i = 0; i < 7; ++i) {
+    EXPECT_DOUBLE_EQ(bands[i]["Von"].AsNumber(), bounds[i]) << i;
+    EXPECT_DOUBLE_EQ(bands[i]["steuersatz"].AsNumber(), rates[i]) << i;
+  }
+  const double small[] = {0, 58, 113, 168}, large[] = {31, 123, 214, 306};
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_DOUBLE_EQ(base["PP"][i]["klein"].AsNumber(), small[i]);
+    EXPECT_DOUBLE_EQ(base["PP"][i]["gross"].AsNumber(), large[i]);
+  }
+  EXPECT_DOUBLE_EQ(base["FB"]["FABO"].AsNumber(), 166.68);
+  EXPECT_DOUBLE_EQ(base["FB"]["FABO18"].AsNumber(), 58.34);
+  EXPECT_DOUBLE_EQ(base["FB"]["Verkehr"].AsNumber(), 487);
+  EXPECT_DOUBLE_EQ(base["FB"]["Kinderzuschlag_Kind2"].AsNumber(), 813);
+  EXPECT_DOUBLE_EQ(base["ALV"]["N25a"].AsNumber(), 2074);
+  EXPECT_DOUBLE_EQ(base["ALV"]["N25b"].AsNumber(), 2262);
+  EXPECT_DOUBLE_EQ(base["ALV"]["N25c"].AsNumber(), 2451);
+  const JsonValue& white_collar = DGRow(base, "Angestellte");
+  EXPECT_DOUBLE_EQ(white_collar["FALAST"].AsNumber(), 3.7);
+  EXPECT_DOUBLE_EQ(white_collar["SV_Laufend"].AsNumber(), 20.98);
+  EXPECT_DOUBLE_EQ(white_collar["DZBL_W"].AsNumber(), 0.36);
+  EXPECT_DOUBLE_EQ(white_collar["DZBL_NÖ"].AsNumber(), 0.34);
+  EXPECT_DOUBLE_EQ(white_collar["Kommunalsteuer"].AsNumber(), 3.0);
+}
+
+TEST_F(DemoTest, TheTableOf2024AndTheFallBackBeforeTheFirstTable) {
+  JsonValue base = Show({"base", "--period", "202406"});
+  EXPECT_EQ(base["table"]["Datum"].AsNumber(), 202401);
+  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Obergrenze"), 6060.00);
+  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent_DN"), 0.70);
+  EXPECT_DOUBLE_EQ(base["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 518.44);
+  EXPECT_DOUBLE_EQ(DGRow(base, "Angestellte")["FALAST"].AsNumber(), 3.9);
+  EXPECT_DOUBLE_EQ(DGRow(base, "Angestellte")["FALASTLGV"].AsNumber(), 3.7);
+  EXPECT_DOUBLE_EQ(DGRow(base, "Arbeiter")["DZBL_NÖ"].AsNumber(), 0.35);
+  EXPECT_DOUBLE_EQ(base["LST"]["bands"][1]["Von"].AsNumber(), 12816);
+
+  JsonValue before = Show({"base", "--period", "202312"});
+  EXPECT_EQ(before["table"]["Datum"].AsNumber(), 202501);  // the newest table stands in
+  EXPECT_TRUE(before["table"]["fallback"].AsBool());
+  JsonValue restore = Show({"base", "--period", "202503", "--folder", "wiederherstellung"});
+  EXPECT_TRUE(restore["folder"]["Wiederherstellung"].AsBool());
+  EXPECT_DOUBLE_EQ(Group(restore, "Krankenversicherung", "Prozent_DN"), 3.87);
+}
+
+TEST_F(DemoTest, EmployeesAndTheirPayMonths) {
+  JsonValue list = Show({"employees", "--year", "2025", "--sort", "name"});
+  ASSERT_EQ(list["employees"].Size(), 5u);
+  std::string order;
+  for (const JsonValue& e : list["employees"].AsArray()) order += e["Familienname"].AsString() + " ";
+  EXPECT_EQ(order, "Berger Gruber Huber Pichler Wagner ");
+  EXPECT_EQ(list["employees"][0]["Index"].AsNumber(), 1);
+  EXPECT_EQ(list["employees"][0]["Bankverbindung"]["Bank"].AsString(), "BAWAG");
+
+  JsonValue month = Show({"month", "--employee", "1001", "--period", "202503"});
+  EXPECT_TRUE(month["month"]["stored"].AsBool());
+  EXPECT_DOUBLE_EQ(month["month"]["Gehalt"].AsNumber(), 3350);
+  EXPECT_DOUBLE_EQ(month["month"]["SV_Laufend"].AsNumber(), 605.35);  // 3,350.00 x 18.07 %
+  EXPECT_EQ(month["month"]["Abrechnung_Von"].AsString(), "2025-03-01");
+  EXPECT_EQ(month["employee"]["VorName"].AsString(), "Anna");
+
+  JsonValue capped = Show({"month", "--employee", "1004", "--period", "202406"});
+  EXPECT_DOUBLE_EQ(capped["month"]["SV_Laufend_Basis"].AsNumber(), 6060);  // the 2024 ceiling
+
+  JsonValue missing = Show({"month", "--employee", "1001", "--period", "202504"});
+  EXPECT_FALSE(missing["month"]["stored"].AsBool());
+  EXPECT_EQ(missing["month"]["UE_Laufend_Tage"].AsNumber(), 30);  // the defaults of a month without a row
+  EXPECT_EQ(missing["month"]["op_Angestellter"].AsNumber(), -1);
+
+  JsonValue employers = Show({"employers"});
+  ASSERT_EQ(employers["employers"].Size(), 1u);
+  EXPECT_EQ(employers["employers"][0]["EMail"].AsString(), "lohn@alpenblick.example");
+}
+
+TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
+  struct Case {
+    std::vector<std::string> args;
+    std::string expected;
+  } cases[] = {
+      {{"show", "--store", Store(), "base", "--period", "2025-3"}, "is not YYYYMM"},
+      {{"show", "--store", Store(), "base", "--period", "202513"}, "is not YYYYMM"},
+      {{"show", "--store", Store(), "base"}, "needs --period"},
+      {{"show", "--store", Store(), "base", "--period", "202503", "--folder", "Sonder"},
+       "unknown folder 'Sonder'; expected one of: Standard, Wiederherstellung"},
+      {{"show", "--store", Store(), "month", "--employee", "4711", "--period", "202503"}, "unknown employee '4711'"},
+      {{"show", "--store", Store(), "month", "--employee", "{00000000-0000-0000-0000-0000000000AB}", "--period",
+        "202503"},
+       "unknown employee"},
+      {{"show", "--store", Store(), "employees", "--year", "2025", "--employer", "{00000000-0000-0000-0000-0000000000AB}"},
+       "unknown employer"},
+      {{"show", "--store", Store(), "employees", "--year", "25"}, "is not a four-digit year"},
+      {{"show", "--store", Store(), "employees", "--year", "2025", "--sort", "age"}, "unknown sort 'age'"},
+      {{"demo", Store()}, "exists already"},
+      {{"demo", dir_->File("other"), "--employees", "many"}, "not a number from 5 to 30000"},
+  };
+  for (const Case& c : cases) {
+    auto run = RunTool(c.args);
+    EXPECT_EQ(run.status, 2) << c.expected << ": " << run.err;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+    EXPECT_NE(run.err.find(c.expected), std::string::npos) << run.err;
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir_->Path() / "other"));
+}
+
+}  // namespace
