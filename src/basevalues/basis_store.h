@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "../session/store_access.h"
 #include "ormelix/error.h"
 #include "ormelix/session/manager.h"
 #include "ormelix/store/recordset.h"
@@ -12,12 +13,9 @@
 
 namespace ormelix::modBasiswerte::detail {
 
-// The StoreSession of the session's payroll store; Error when none is set.
-StoreSession& Store(clsManager& manager);
-
-// Statements opened forward-only and read-only, or dynamic and optimistic.
-std::unique_ptr<Recordset> OpenRead(clsManager& manager, const std::string& sql);
-std::unique_ptr<Recordset> OpenWrite(clsManager& manager, const std::string& sql);
+using ::ormelix::detail::OpenRead;
+using ::ormelix::detail::OpenWrite;
+using ::ormelix::detail::PayrollStore;
 
 // The owning session of a back reference, as the routines that take it need it.
 std::shared_ptr<clsManager> Shared(clsManager& manager);

@@ -92,7 +92,7 @@ void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZe
 }
 
 void SaveBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID) {
-  detail::Store(pManager).ExecuteSql(
+  detail::PayrollStore(pManager).ExecuteSql(
       "DELETE * FROM [Basiswerte_Zeittabelle_LST_Werte] WHERE [LohnsteuerID]=" + SqlID(pLohnsteuerID), true);
   auto rs = detail::OpenWrite(pManager, BandsOf(pLohnsteuerID));
   for (const auto& band : pLST) {

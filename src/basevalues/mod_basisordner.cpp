@@ -48,7 +48,7 @@ void SaveBasisordner(clsManager& pManager, clsBasisordner& pBasisordner) {
 
 bool DeleteBasisordner(clsManager& pManager, const std::string& pID) {
   if (!IsID(Variant(pID))) return false;
-  return ToFlag(detail::Store(pManager).ExecuteSql("DELETE * FROM [Basiswerte] WHERE [ID]=" + SqlID(pID), true));
+  return ToFlag(detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Basiswerte] WHERE [ID]=" + SqlID(pID), true));
 }
 
 std::shared_ptr<clsBasisordner> CopyBasisordner(clsManager& pManager, const std::string& pSourceID,

@@ -104,7 +104,7 @@ std::shared_ptr<LBasis> CopyZeittabelle(clsManager& pManager, const std::string&
 
 void DeleteZeittabelle(clsManager& pManager, const std::string& pID) {
   if (!DateHelpers::IsID(Variant(pID))) return;
-  detail::Store(pManager).ExecuteSql("DELETE * FROM [Basiswerte_Zeittabelle] WHERE [ID]=" + SqlID(pID), true);
+  detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Basiswerte_Zeittabelle] WHERE [ID]=" + SqlID(pID), true);
 }
 
 void InsertZeittabelleSorted(clsManager& pManager, Collection<LBasis>& pCollection,
