@@ -14,10 +14,6 @@ void SaveLohnarten(clsManager&, LLohn&, const std::string&) {}
 void LoadUebertritte(clsManager&, LLohn&, const std::string&) {}
 // The transfer row of AktMonat: comes with the transfers.
 void SaveUebertritte(clsManager&, LLohn&, const std::string&) {}
-// Mitarbeiter_Jahresdaten of AktJahr into Jahresdaten: comes with the year data.
-void LoadJahresdaten(clsManager&, LLohn&, const std::string&) {}
-// The year-data row of AktJahr: comes with the year data.
-void SaveJahresdaten(clsManager&, LLohn&, const std::string&) {}
 // Mitarbeiter_PDFEncrypt into PDFEncrypt: comes with the document protection.
 void LoadPDFEncrypt(clsManager&, LLohn&, const std::string&) {}
 // The employee's password row: comes with the document protection.

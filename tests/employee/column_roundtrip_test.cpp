@@ -180,6 +180,31 @@ TEST_P(RoundTrip, EveryColumnOfTheMasterRecordAndTheBankRowComesBackInANewSessio
   ExpectLoaded(modDatabase::BankverbindungColumns(), *reloaded, bank);
 }
 
+// The same for the employee's year data.
+TEST_P(RoundTrip, EveryColumnOfTheYearDataComesBackInANewSession) {
+  const int phase = GetParam();
+  const std::string id = AddEmployee("Jahresdaten");
+  auto lohn = Loaded(manager, id);
+  LLohn_Jahresdaten& jahresdaten = *lohn->Jahresdaten();
+  const auto& columns = modDatabase::JahresdatenColumns();
+  FillAll(columns, jahresdaten, phase);
+  jahresdaten.ArbeitsstaetteID = NewID();  // written in its SQL form, which an ID keeps
+  jahresdaten.DZBundesland = phase ? eBasisWien : eBasisKärnten;
+  const auto written = Written(columns, jahresdaten);
+  lohn->Update(*manager, uctableJahresdaten);
+
+  const std::string where = "[MitarbeiterID]=" + SqlID(id) + " AND [Jahr]=2024";
+  ExpectStored(written, "Mitarbeiter_Jahresdaten", where);
+  EXPECT_EQ(ToLong(Stored("Mitarbeiter_Jahresdaten", where, "DZBundesland")), phase ? 9 : 2);
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Jahresdaten] WHERE " + where);
+  ExpectEveryColumnDeclared(columns, *rs, {"ID", "Nr", "MitarbeiterID", "Jahr"});
+  ExpectDistinctProperties(columns, jahresdaten);
+
+  auto reloaded = Loaded(ReopenedSession(), id);
+  ExpectLoaded(columns, *reloaded->Jahresdaten(), written);
+  EXPECT_EQ(reloaded->Jahresdaten()->DZBundesland, phase ? eBasisWien : eBasisKärnten);
+}
+
 INSTANTIATE_TEST_SUITE_P(FlagsOnAndOff, RoundTrip, ::testing::Values(0, 1));
 
 }  // namespace

@@ -93,8 +93,9 @@ enum eBasisDGDienstnehmergruppe {
 // column SortNr of the apprentice rows.
 enum eBasisLehrjahre { eBasis2Lehrjahre = 1, eBasis3Lehrjahre = 2, eBasis35Lehrjahre = 3, eBasis4Lehrjahre = 4 };
 
-// The provinces: the index of LBasis_DG::DZBL, columns DZBL_B to DZBL_W.
-enum eBasisBundesländer {
+// The provinces: the index of LBasis_DG::DZBL, columns DZBL_B to DZBL_W. Of fixed
+// width, as the employee's year data stores a province as a 32-bit number.
+enum eBasisBundesländer : int {
   eBasisBurgenland = 1,
   eBasisKärnten = 2,
   eBasisNiederösterreich = 3,

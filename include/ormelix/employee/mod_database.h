@@ -17,6 +17,7 @@ namespace ormelix {
 class clsManager;
 class LLohn;
 class LLohn_Ersatzleistungen;
+class LLohn_Jahresdaten;
 class LLohn_Kurzarbeit;
 
 namespace modDatabase {
@@ -43,6 +44,15 @@ void LoadLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 // benefits and short-time record.
 void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID, std::int16_t pMonat);
 
+// ---- Mitarbeiter_Jahresdaten
+
+// Reads the row of the employee and AktJahr into Jahresdaten; without a row the
+// object keeps what it held (also the values of another year).
+void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes Jahresdaten to the row of the employee and AktJahr, inserting it when
+// there is none.
+void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+
 // ---- The tables of later work. Each stands at its place in the load and save order
 // and does nothing yet.
 
@@ -50,8 +60,6 @@ void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
 void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
-void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
-void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
@@ -71,6 +79,7 @@ struct LohnzettelMonth {
 const ColumnSet<LLohn>& MitarbeiterColumns();
 const ColumnSet<LLohn>& BankverbindungColumns();
 const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
+const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns();
 
 }  // namespace modDatabase
 }  // namespace ormelix
