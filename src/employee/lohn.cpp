@@ -4,6 +4,7 @@
 #include "ormelix/session/manager.h"
 #include "ormelix/store/rounding_helpers.h"
 #include "ormelix/store/value_helpers.h"
+#include "month_check.h"
 #include "store_access.h"
 
 namespace ormelix {
@@ -24,6 +25,16 @@ void LoadTables(clsManager& manager, LLohn& lohn, const std::string& id, int pUp
   if (On(pUpdate, ucTableÜbertritte)) LoadUebertritte(manager, lohn, id);
   if (On(pUpdate, uctableJahresdaten)) LoadJahresdaten(manager, lohn, id);
   if (On(pUpdate, ucTablePDFEncrypt)) LoadPDFEncrypt(manager, lohn, id);
+}
+
+// The months that the flagged saves write must be 1..12, checked before the first
+// of them writes: the wage-type lines and the transfer take AktMonat, the pay
+// record pMonat (AktMonat for 0).
+void RequireSaveMonths(const clsManager& manager, int pUpdate, std::int16_t pMonat) {
+  if (On(pUpdate, ucTableLohnarten) || On(pUpdate, ucTableÜbertritte))
+    RequireSaveMonth("LLohn.Update", "AktMonat", manager.AktMonat);
+  if (On(pUpdate, ucTableLohnzettel))
+    RequireSaveMonth("LLohn.Update", pMonat == 0 ? "AktMonat" : "pMonat", pMonat == 0 ? manager.AktMonat : pMonat);
 }
 
 // The part of the month's lines of group t that carries the marking, when the
@@ -59,6 +70,7 @@ void LLohn::LoadMitarbeiter(clsManager& Manager, const std::string& pMitarbeiter
 }
 
 void LLohn::Update(clsManager& Manager, int pUpdate, std::int16_t pMonat) {
+  RequireSaveMonths(Manager, pUpdate, pMonat);
   if (On(pUpdate, ucTableMitarbeiter)) SaveMitarbeiterRecord(Manager, *this, id_);
   if (On(pUpdate, ucTableBankverbindung)) SaveBankverbindung(Manager, *this, id_);
   if (On(pUpdate, ucTableLohnarten)) SaveLohnarten(Manager, *this, id_);

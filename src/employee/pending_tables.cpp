@@ -6,10 +6,6 @@
 
 namespace ormelix::modDatabase {
 
-// Mitarbeiter_Lohnarten into the ZSL_, SonstigeAbz_ and Aufwandsentsch_ grids: comes with the wage-type lines.
-void LoadLohnarten(clsManager&, LLohn&, const std::string&) {}
-// The 40 wage-type rows of AktMonat: comes with the wage-type lines.
-void SaveLohnarten(clsManager&, LLohn&, const std::string&) {}
 // Mitarbeiter_Übertritte into Uebertritt(1..12): comes with the transfers.
 void LoadUebertritte(clsManager&, LLohn&, const std::string&) {}
 // The transfer row of AktMonat: comes with the transfers.

@@ -12,6 +12,7 @@
 
 using namespace ormelix;
 using namespace ormelix::ValueHelpers;
+using modDatabase::LohnartenLine;
 using modDatabase::LohnzettelMonth;
 
 namespace {
@@ -203,6 +204,45 @@ TEST_P(RoundTrip, EveryColumnOfTheYearDataComesBackInANewSession) {
   auto reloaded = Loaded(ReopenedSession(), id);
   ExpectLoaded(columns, *reloaded->Jahresdaten(), written);
   EXPECT_EQ(reloaded->Jahresdaten()->DZBundesland, phase ? eBasisWien : eBasisKärnten);
+}
+
+// The whole wage-type grid of a month, every line of the eight groups, from the
+// declarations of each group; every column of the table is written by some group.
+TEST_P(RoundTrip, EveryColumnOfEveryWageTypeLineComesBackInANewSession) {
+  const int phase = GetParam();
+  const std::string id = AddEmployee("Lohnarten");
+  auto lohn = Loaded(manager, id);
+  std::map<std::pair<int, int>, std::map<std::string, Variant>> written;
+  std::set<std::string> declared;
+  for (int group = 1; group <= 8; ++group) {
+    const auto& decls = modDatabase::LohnartenColumns(group).Columns();
+    for (int line = 1; line <= 5; ++line) {
+      LohnartenLine row{lohn.get(), group, line, 3};
+      for (std::size_t i = 0; i < decls.size(); ++i)
+        Fill(decls[i], row, (group * 5 + line) * 10 + static_cast<int>(i), phase);
+      written[{group, line}] = Written(modDatabase::LohnartenColumns(group), row);
+      ExpectDistinctProperties(modDatabase::LohnartenColumns(group), row);
+    }
+    for (const auto& decl : decls) declared.insert(decl.column);
+  }
+  lohn->Update(*manager, ucTableLohnarten);
+
+  auto where = [&](int group, int line) {
+    return "[MitarbeiterID]=" + SqlID(id) + " AND [Zeitraum]=202403 AND [Lohnarttyp]=" + std::to_string(group) +
+           " AND [SortNr]=" + std::to_string(line);
+  };
+  for (const auto& [key, values] : written) ExpectStored(values, "Mitarbeiter_Lohnarten", where(key.first, key.second));
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Lohnarten]");
+  const std::set<std::string> keys{"ID", "Nr", "MitarbeiterID", "Zeitraum", "Lohnarttyp", "SortNr"};
+  for (int i = 0; i < rs->FieldCount(); ++i)
+    EXPECT_TRUE(keys.count(rs->FieldName(i)) || declared.count(rs->FieldName(i)))
+        << rs->FieldName(i) << " is not written";
+
+  auto reloaded = Loaded(ReopenedSession(), id);
+  for (const auto& [key, values] : written) {
+    LohnartenLine back{reloaded.get(), key.first, key.second, 3};
+    ExpectLoaded(modDatabase::LohnartenColumns(key.first), back, values);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(FlagsOnAndOff, RoundTrip, ::testing::Values(0, 1));

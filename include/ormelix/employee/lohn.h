@@ -22,6 +22,7 @@
 #include "ormelix/employee/jahresdaten.h"
 #include "ormelix/employee/lohn_arbeiter.h"
 #include "ormelix/employee/lohn_values.h"
+#include "ormelix/employee/lohnarten.h"
 #include "ormelix/employee/uebertritt.h"
 #include "ormelix/employer/lohn_pdf_encrypt.h"
 #include "ormelix/indexed_array.h"

@@ -53,11 +53,20 @@ void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 // there is none.
 void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 
+// ---- Mitarbeiter_Lohnarten
+
+// Reads the lines of the twelve months of AktJahr (one query, picked by month and
+// group). Lines without a row keep their values; a SortNr outside 1..5 is the
+// range failure of the line (std::out_of_range naming the row).
+void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes the full grid of 40 rows (8 groups of 5 lines) of AktMonat, whatever
+// month the caller works on: existing rows of a group in the order of SortNr, new
+// ones where a group has fewer. Rows whose SortNr is no line 1..5 stay untouched.
+void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+
 // ---- The tables of later work. Each stands at its place in the load and save order
 // and does nothing yet.
 
-void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
-void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
@@ -80,6 +89,20 @@ const ColumnSet<LLohn>& MitarbeiterColumns();
 const ColumnSet<LLohn>& BankverbindungColumns();
 const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
 const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns();
+
+// One line of one wage-type group in one month: the target of a row of
+// Mitarbeiter_Lohnarten.
+struct LohnartenLine {
+  LLohn* lohn;
+  int group;  // Lohnarttyp, 1 to 8 (eLohnartenConstants)
+  int line;   // SortNr, 1 to 5
+  int month;
+};
+
+// The columns that a row of the group reads and writes: groups 1 to 6 the ZSL_
+// grids with their percentage and the flags of the group, group 7 the SonstigeAbz_
+// grids, group 8 the Aufwandsentsch_ grids. std::out_of_range for another group.
+const ColumnSet<LohnartenLine>& LohnartenColumns(int pLohnarttyp);
 
 }  // namespace modDatabase
 }  // namespace ormelix

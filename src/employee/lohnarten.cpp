@@ -1,0 +1,191 @@
+// Mitarbeiter_Lohnarten: the free wage-type lines of a month, one row per employee,
+// month, group and line, held in memory in LLohn's ZSL_, SonstigeAbz_ and
+// Aufwandsentsch_ grids.
+#include <stdexcept>
+
+#include "month_check.h"
+#include "ormelix/employee/lohn.h"
+#include "ormelix/employee/lohnarten.h"
+#include "ormelix/employee/mod_database.h"
+#include "ormelix/store/value_helpers.h"
+#include "store_access.h"
+
+namespace ormelix::modDatabase {
+
+namespace {
+
+using namespace ValueHelpers;
+using L = LLohn;
+using Columns = ColumnSet<LohnartenLine>;
+using Decl = Columns::Decl;
+
+// A cell of a ZSL_ grid (groups 1 to 6): group, line, month.
+template <auto M>
+PropertyRef Zsl(LohnartenLine& row) {
+  return &(row.lohn->*M)(row.group, row.line, row.month);
+}
+
+// A cell of a grid of one group, or a flag of a line: line, month.
+template <auto M>
+PropertyRef Line(LohnartenLine& row) {
+  return &(row.lohn->*M)(row.line, row.month);
+}
+
+// Groups 1 to 6: quantity and amount keep two decimals in the store, rate and
+// percentage three.
+constexpr Decl kZslText{"Bezeichnung", Zsl<&L::ZSL_Text>, LoadAs::Text, SaveAs::Direct};
+constexpr Decl kZslAnzahl{"Anzahl", Zsl<&L::ZSL_Anzahl>, LoadAs::Amount, SaveAs::Round2};
+constexpr Decl kZslSatz{"Satz", Zsl<&L::ZSL_Satz>, LoadAs::Amount, SaveAs::Round3};
+constexpr Decl kZslBetrag{"Betrag", Zsl<&L::ZSL_Betrag>, LoadAs::Amount, SaveAs::Round2};
+constexpr Decl kZslProzent{"Zuschlag_Prozent", Zsl<&L::ZSL_Prozent>, LoadAs::Amount, SaveAs::Round3};
+
+// The markings of a line, each read and written by rows of its own group only. They
+// are read as numbers, so that whatever number a store holds for True reads True.
+constexpr Decl kDBDZKSTFrei{"ZSL_DBDZKST_frei", Line<&L::ZSL_DBDZKST_frei>, LoadAs::Amount, SaveAs::Direct};
+constexpr Decl kTeuerungsprämie{"ZSL_Teuerungsprämie", Line<&L::ZSL_Teuerungsprämie>, LoadAs::Amount,
+                                SaveAs::Direct};
+constexpr Decl kTeuerungsprämieKV{"ZSL_TeuerungsprämieKV", Line<&L::ZSL_TeuerungsprämieKV>, LoadAs::Amount,
+                                  SaveAs::Direct};
+constexpr Decl kGewinnbeteiligung{"ZSL_Mitarbeitergewinnbeteiligung", Line<&L::ZSL_Mitarbeitergewinnbeteiligung>,
+                                  LoadAs::Amount, SaveAs::Direct};
+
+// Groups 7 and 8: four values, no percentage and no marking.
+template <auto Text, auto Anzahl, auto Satz, auto Betrag>
+Columns GroupOfItsOwn() {
+  return Columns{{"Bezeichnung", Line<Text>, LoadAs::Text, SaveAs::Direct},
+                 {"Anzahl", Line<Anzahl>, LoadAs::Amount, SaveAs::Round2},
+                 {"Satz", Line<Satz>, LoadAs::Amount, SaveAs::Round3},
+                 {"Betrag", Line<Betrag>, LoadAs::Amount, SaveAs::Round2}};
+}
+
+std::string TableSql(const std::string& id) {
+  return "SELECT * FROM [Mitarbeiter_Lohnarten] WHERE [MitarbeiterID]=" + SqlID(id);
+}
+
+// The line a stored row stands for. A SortNr outside 1..5 is the range failure of
+// the line, naming the row, before anything of the row is taken.
+int LineOf(const Recordset& rs, int sort_nr, int group, int month, const std::string& id) {
+  const int line = ToInteger(rs.Fields(sort_nr));
+  if (line < 1 || line > 5)
+    throw std::out_of_range("Mitarbeiter_Lohnarten: SortNr " + std::to_string(line) + " of group " +
+                            std::to_string(group) + " in month " + std::to_string(month) + " of employee " + id +
+                            " is no line 1..5");
+  return line;
+}
+
+// The columns of each group bound once to the recordset of a load.
+struct BoundGroups {
+  std::vector<int> columns[9];
+  int sort_nr;
+
+  explicit BoundGroups(const Recordset& rs) : sort_nr(rs.FieldIndex("SortNr")) {
+    for (int group = 1; group <= 8; ++group) columns[group] = LohnartenColumns(group).Bind(rs);
+  }
+};
+
+// The rows of one group in one month, each into its line.
+void LoadGroup(Recordset& rs, LLohn& lohn, const std::string& period_filter, int group, int month,
+               const BoundGroups& bound, const std::string& id) {
+  rs.Filter(period_filter + " AND [Lohnarttyp]=" + std::to_string(group));
+  for (; !rs.Eof(); rs.MoveNext()) {
+    LohnartenLine row{&lohn, group, LineOf(rs, bound.sort_nr, group, month, id), month};
+    LohnartenColumns(group).Load(row, rs, bound.columns[group]);
+  }
+}
+
+// Moves past the rows of the group whose SortNr is no line 1..5: a save leaves them
+// as they are rather than write a line into them.
+void SkipStrayRows(Recordset& rs, int sort_nr) {
+  while (!rs.Eof()) {
+    const int line = ToInteger(rs.Fields(sort_nr));
+    if (line >= 1 && line <= 5) return;
+    rs.MoveNext();
+  }
+}
+
+}  // namespace
+
+const ColumnSet<LohnartenLine>& LohnartenColumns(int pLohnarttyp) {
+  static const Columns group1{kZslText, kZslAnzahl, kZslSatz, kZslBetrag, kZslProzent, kDBDZKSTFrei};
+  static const Columns group2{kZslText,   kZslAnzahl,       kZslSatz,          kZslBetrag,
+                              kZslProzent, kTeuerungsprämie, kTeuerungsprämieKV};
+  static const Columns group3{kZslText, kZslAnzahl, kZslSatz, kZslBetrag, kZslProzent, kGewinnbeteiligung};
+  static const Columns group4to6{kZslText, kZslAnzahl, kZslSatz, kZslBetrag, kZslProzent};
+  static const Columns group7 = GroupOfItsOwn<&L::SonstigeAbz_text, &L::SonstigeAbz_Anzahl, &L::SonstigeAbz_Satz,
+                                              &L::SonstigeAbz_Betrag>();
+  static const Columns group8 = GroupOfItsOwn<&L::Aufwandsentsch_text, &L::Aufwandsentsch_Anzahl,
+                                              &L::Aufwandsentsch_Satz, &L::Aufwandsentsch_Betrag>();
+  switch (pLohnarttyp) {
+    case Laufende_Bezüge_LST_pfl_SV_pfl_Zusatz:
+      return group1;
+    case Laufende_Bezüge_LST_frei_SV_frei_Zusatz:
+      return group2;
+    case Laufende_Bezüge_LST_frei_SV_pfl_Zusatz:
+      return group3;
+    case Laufende_Bezüge_LST_pfl_SV_frei_Zusatz:
+    case Zulagen_LST_frei_68_SV_pfl_Zusatz:
+    case Zulagen_LST_frei_68_SV_frei_Zusatz:
+      return group4to6;
+    case Sonstige_Abzüge_Zusatz:
+      return group7;
+    case Aufwandsentschädigung_Zusatz:
+      return group8;
+    default:
+      throw std::out_of_range("Lohnarttyp " + std::to_string(pLohnarttyp) + " is no wage-type group 1..8");
+  }
+}
+
+void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  auto rs = PayrollStore(pManager).OpenRecordset(TableSql(pMitarbeiterID) + " ORDER BY [Zeitraum], [SortNr]");
+  if (rs->Eof()) {
+    rs->Close();
+    return;
+  }
+  const BoundGroups bound(*rs);
+  for (int month = 1; month <= 12; ++month) {
+    const std::string period_filter =
+        "[Zeitraum]=" + std::to_string(MakeZeitraum(static_cast<std::int16_t>(month), pManager.AktJahr));
+    // A month without rows has none in any group: its group passes are left out.
+    rs->Filter(period_filter);
+    if (rs->Eof()) continue;
+    for (int group = 1; group <= 6; ++group) LoadGroup(*rs, pLohn, period_filter, group, month, bound, pMitarbeiterID);
+    // Group 7 is read in two passes in a row; the second finds the same rows and
+    // changes nothing.
+    LoadGroup(*rs, pLohn, period_filter, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
+    LoadGroup(*rs, pLohn, period_filter, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
+    LoadGroup(*rs, pLohn, period_filter, Aufwandsentschädigung_Zusatz, month, bound, pMitarbeiterID);
+  }
+  rs->Close();
+}
+
+void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  const std::int16_t month = pManager.AktMonat;
+  RequireSaveMonth("SaveLohnarten", "AktMonat", month);
+  const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
+  auto rs = PayrollStore(pManager).OpenRecordset(
+      TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum) + " ORDER BY [SortNr]", adOpenDynamic,
+      adLockOptimistic);
+  const int sort_nr = rs->FieldIndex("SortNr");
+  for (int group = 1; group <= MaxAnzahl; ++group) {
+    // The group's rows in the order of SortNr take the lines in order; SortNr of a
+    // row that is there already is not touched.
+    rs->Filter("[Lohnarttyp]=" + std::to_string(group));
+    for (int line = 1; line <= 5; ++line) {
+      SkipStrayRows(*rs, sort_nr);
+      if (rs->Eof()) {
+        rs->AddNew();
+        rs->Collect("MitarbeiterID", Variant(pMitarbeiterID));
+        rs->Collect("Zeitraum", Variant(zeitraum));
+        rs->Collect("Lohnarttyp", Variant(static_cast<std::int16_t>(group)));
+        rs->Collect(sort_nr, Variant(static_cast<std::int16_t>(line)));
+      }
+      LohnartenLine row{&pLohn, group, line, month};
+      LohnartenColumns(group).Save(row, *rs);
+      rs->Update();
+      rs->MoveNext();
+    }
+  }
+  rs->Close();
+}
+
+}  // namespace ormelix::modDatabase
