@@ -6,10 +6,6 @@
 
 namespace ormelix::modDatabase {
 
-// Mitarbeiter_Übertritte into Uebertritt(1..12): comes with the transfers.
-void LoadUebertritte(clsManager&, LLohn&, const std::string&) {}
-// The transfer row of AktMonat: comes with the transfers.
-void SaveUebertritte(clsManager&, LLohn&, const std::string&) {}
 // Mitarbeiter_PDFEncrypt into PDFEncrypt: comes with the document protection.
 void LoadPDFEncrypt(clsManager&, LLohn&, const std::string&) {}
 // The employee's password row: comes with the document protection.

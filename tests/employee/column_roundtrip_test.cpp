@@ -245,6 +245,24 @@ TEST_P(RoundTrip, EveryColumnOfEveryWageTypeLineComesBackInANewSession) {
   }
 }
 
+// The same for the transfer of a month.
+TEST_P(RoundTrip, EveryColumnOfATransferComesBackInANewSession) {
+  const int phase = GetParam();
+  const std::string id = AddEmployee("Übertritt");
+  auto lohn = Loaded(manager, id);
+  const auto& columns = modDatabase::UebertritteColumns();
+  FillAll(columns, *lohn->Uebertritt(3), phase);
+  const auto written = Written(columns, *lohn->Uebertritt(3));
+  lohn->Update(*manager, ucTableÜbertritte);
+
+  const std::string where = "[MitarbeiterID]=" + SqlID(id) + " AND [Zeitraum]=202403";
+  ExpectStored(written, "Mitarbeiter_Übertritte", where);
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Übertritte] WHERE " + where);
+  ExpectEveryColumnDeclared(columns, *rs, {"ID", "Nr", "MitarbeiterID", "Zeitraum"});
+  ExpectDistinctProperties(columns, *lohn->Uebertritt(3));
+  ExpectLoaded(columns, *Loaded(ReopenedSession(), id)->Uebertritt(3), written);
+}
+
 INSTANTIATE_TEST_SUITE_P(FlagsOnAndOff, RoundTrip, ::testing::Values(0, 1));
 
 }  // namespace

@@ -19,6 +19,7 @@ class LLohn;
 class LLohn_Ersatzleistungen;
 class LLohn_Jahresdaten;
 class LLohn_Kurzarbeit;
+class LLohn_Übertritt;
 
 namespace modDatabase {
 
@@ -64,11 +65,19 @@ void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
 // ones where a group has fewer. Rows whose SortNr is no line 1..5 stay untouched.
 void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 
+// ---- Mitarbeiter_Übertritte
+
+// Reads the transfers of the twelve months of AktJahr into Uebertritt(1..12), from
+// one query of all the employee's rows picked by month; a month without a row keeps
+// what its object held, and of several rows of a month the last one wins.
+void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes Uebertritt(AktMonat) to the row of AktMonat, inserting it when there is
+// none; the rows of other months stay as they are.
+void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+
 // ---- The tables of later work. Each stands at its place in the load and save order
 // and does nothing yet.
 
-void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
-void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
@@ -89,6 +98,7 @@ const ColumnSet<LLohn>& MitarbeiterColumns();
 const ColumnSet<LLohn>& BankverbindungColumns();
 const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
 const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns();
+const ColumnSet<LLohn_Übertritt>& UebertritteColumns();
 
 // One line of one wage-type group in one month: the target of a row of
 // Mitarbeiter_Lohnarten.
