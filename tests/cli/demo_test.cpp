@@ -142,7 +142,7 @@ TEST_F(DemoTest, EmployeesAndTheirPayMonths) {
   JsonValue month = Show({"month", "--employee", "1001", "--period", "202503"});
   EXPECT_TRUE(month["month"]["stored"].AsBool());
   EXPECT_DOUBLE_EQ(month["month"]["Gehalt"].AsNumber(), 3350);
-  EXPECT_DOUBLE_EQ(month["month"]["SV_Laufend"].AsNumber(), 605.35);  // 3,350.00 x 18.07 %
+  EXPECT_DOUBLE_EQ(month["month"]["SV_Laufend"].AsNumber(), 692.28);  // (3,350.00 + lines 481.12) x 18.07 %
   EXPECT_EQ(month["month"]["Abrechnung_Von"].AsString(), "2025-03-01");
   EXPECT_EQ(month["employee"]["VorName"].AsString(), "Anna");
 

@@ -76,7 +76,8 @@ int Demo(Arguments args) {
             << "  ormelix show --store " << store << " employers\n"
             << "  ormelix show --store " << store << " employees --year 2025 --sort name\n"
             << "  ormelix show --store " << store << " base --period 202503\n"
-            << "  ormelix show --store " << store << " month --employee 1001 --period 202503\n";
+            << "  ormelix show --store " << store << " month --employee 1001 --period 202503\n"
+            << "  ormelix show --store " << store << " month --employee 1003 --period 202503\n";
   return 0;
 }
 

@@ -1,10 +1,12 @@
 // The demo's employees: master data, bank details and an entry step each, then the
 // pay months of 2024 and of January to March 2025, worked out from the base values
 // of each month the way a host does and saved month by month.
+#include <algorithm>
 #include <map>
 
 #include "cli.h"
 #include "demo.h"
+#include "demo_lines.h"
 #include "demo_people.h"
 #include "ormelix/basevalues/basisdaten.h"
 #include "ormelix/employee/lohn.h"
@@ -78,12 +80,13 @@ void FillMonth(LLohn& lohn, const Person& p, int year, int month, const LBasis& 
   if (p.group == Group::Lehrling) {
     int months = (year - DateHelpers::Year(p.entry)) * 12 + month - DateHelpers::Month(p.entry);
     lohn.op_LehrZeit(month) = 3;
-    lohn.op_LehrJahr(month) = static_cast<std::int16_t>(months / 12 + 1);
+    lohn.op_LehrJahr(month) = static_cast<std::int16_t>(std::min(months / 12 + 1, 3));
   }
   lohn.SV_Laufend_Basis(month) = static_cast<float>(c.basis);
   lohn.SV_Laufend_Basis_Berechnet(month) = c.basis;
   lohn.SV_Laufend(month) = static_cast<float>(c.employee);
   lohn.SV_Laufend_DG(month) = c.employer;
+  demo::AddLinesAndTransfer(lohn, p, year, month, table);
 }
 
 }  // namespace
@@ -122,13 +125,16 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
       long done = 0;
       for (const auto& lohn : *manager.Mitarbeiter()) {
         const Person& p = *by_number.at(lohn->Mitarbeiter()->Personalnummer);
+        demo::FillYearData(*lohn->Jahresdaten(), p, year);
+        lohn->Update(manager, uctableJahresdaten);
         for (int month = 1; month <= last_month; ++month) {
           std::int32_t period = ValueHelpers::MakeZeitraum(static_cast<std::int16_t>(month), manager.AktJahr);
           if (DateSerial(year, month + 1, 1) <= p.entry) continue;  // not yet employed
           auto& table = tables[period];
           if (!table) table = folder->Zeittabellen()->GetZeittabelle(period);
           FillMonth(*lohn, p, year, month, *table);
-          lohn->Update(manager, ucTableLohnzettel, static_cast<std::int16_t>(month));
+          manager.AktMonat = static_cast<std::int16_t>(month);  // the lines and the transfer are saved for it
+          lohn->Update(manager, demo::MonthTables(p, year, month), static_cast<std::int16_t>(month));
         }
         progress.Step(++done, manager.Mitarbeiter()->Count());
       }

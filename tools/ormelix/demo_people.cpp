@@ -22,7 +22,7 @@ std::vector<Person> People(int extra) {
        DateSerial(2019, 5, 15)},
       {1003, "Gruber", "Lena", "", "Lehrling Hotel- und Gastgewerbeassistentin", DateSerial(2006, 2, 20), 1,
        "3452 200206", "Kaiserstraße 8", "1070", "Wien", Group::Lehrling, 950, 1050, 0, "Raiffeisen",
-       "AT00 3200 0000 0000 1003", "RLNWATWWXXX", DateSerial(2023, 9, 1)},
+       "AT00 3200 0000 0000 1003", "RLNWATWWXXX", DateSerial(2022, 3, 15)},
       {1004, "Wagner", "Thomas", "Dipl.-Ing.", "Geschäftsführer", DateSerial(1975, 11, 30), 2, "4563 301175",
        "Schottenfeldgasse 65", "1070", "Wien", Group::Geschaeftsfuehrer, 6500, 6500, 0, "Erste Bank",
        "AT00 2011 1000 0000 1004", "GIBAATWWXXX", DateSerial(2010, 1, 1)},

@@ -4,6 +4,7 @@
 
 #include "demo.h"
 #include "demo_figures.h"
+#include "demo_lines.h"
 #include "demo_people.h"
 #include "ormelix/basevalues/basisdaten.h"
 #include "ormelix/employee/lohn.h"
@@ -101,6 +102,7 @@ void WalkDemoMonth(clsManager& manager, std::ostream& out) {
                              DateHelpers::FormatDate(lohn->Bis_Datum(m)));
   Step(out, "", "SV_Laufend_Basis " + Amount(lohn->SV_Laufend_Basis(m)) + ", SV_Laufend (DN) " +
                     Amount(lohn->SV_Laufend(m)) + ", SV_Laufend_DG " + Amount(lohn->SV_Laufend_DG(m)));
+  demo::WalkLinesAndYear(out, *lohn, kYear, m);
   // The host works the month out again from the base values and compares.
   demo::Person person = demo::People(0).front();
   demo::Contributions c = demo::WorkOut(person, lohn->LFD_Bezuege(m), *table);

@@ -25,7 +25,8 @@ const char* const kShowHelp =
     "                                      the dated table in force for the period, in the\n"
     "                                      Standard folder or the named one, with all values\n"
     "  month --employee ID --period YYYYMM [--employer ID]\n"
-    "                                      an employee's master data and pay month\n"
+    "                                      an employee's master data and pay month, with\n"
+    "                                      its wage-type lines, transfer and year data\n"
     "\n"
     "  --json   print one JSON document instead of tables\n";
 

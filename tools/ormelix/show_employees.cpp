@@ -10,6 +10,7 @@
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
 #include "show.h"
+#include "show_lines.h"
 #include "table.h"
 
 namespace cli {
@@ -116,6 +117,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
     doc.Set("employee", EmployeeJson(*lohn));
     json::Value& pay = doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
     pay.Set("stored", stored);
+    AddLinesTransferYear(doc, *lohn, manager.AktMonat);
     std::cout << doc.Dump();
     return 0;
   }
@@ -129,6 +131,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
   PrintPairs(std::cout, "Bankverbindung", ColumnValues(modDatabase::BankverbindungColumns(), *lohn), true);
   PrintPairs(std::cout, "Lohnzettel " + std::to_string(key) + " (leere Felder ausgelassen; alle mit --json)",
              ColumnValues(modDatabase::LohnzettelColumns(), month), true);
+  PrintLinesTransferYear(std::cout, *lohn, manager.AktJahr, manager.AktMonat);
   return 0;
 }
 
