@@ -174,8 +174,8 @@ void FillYearData(LLohn_Jahresdaten& j, const Person& person, int year) {
   j.ServiceEntgeltMonat = insured ? 11 : 0;
   j.ServiceEntgeltAnzahl = insured ? 1 : 0;
   j.AngewandterKV = person.group != Group::Geschaeftsfuehrer;
-  j.AngewandterKVText = !j.AngewandterKV                  ? ""
-                        : person.group == Group::Arbeiter ? "Kollektivvertrag für Arbeiter im Hotel- und Gastgewerbe"
+  if (j.AngewandterKV)
+    j.AngewandterKVText = person.group == Group::Arbeiter ? "Kollektivvertrag für Arbeiter im Hotel- und Gastgewerbe"
                                                           : "Kollektivvertrag für Angestellte im Hotel- und Gastgewerbe";
   if (person.group == Group::Geschaeftsfuehrer) {  // a company car all year
     j.KFZ_Anzahl_Kalendermonate = 12;
@@ -193,7 +193,8 @@ void WalkLinesAndYear(std::ostream& out, const LLohn& lohn, int year, int month)
     if (lohn.ZSL_Text(1, line, month).empty() && anzahl == 0 && betrag == 0) continue;
     std::string detail = "group 1 line " + std::to_string(line) + " \"" + lohn.ZSL_Text(1, line, month) + "\" ";
     const float satz = lohn.ZSL_Satz(1, line, month);
-    if (anzahl != 0) detail += Number(anzahl) + " x " + Number(satz) + (betrag != 0 ? " + " + cli::Amount(betrag) : "") + " = ";
+    if (anzahl != 0)
+      detail += Number(anzahl) + " x " + Number(satz) + (betrag != 0 ? " + " + cli::Amount(betrag) : "") + " = ";
     detail += cli::Amount(RoundingHelpers::MultiplyExact(anzahl, Variant(satz), 2) + betrag);
     if (lohn.ZSL_DBDZKST_frei(line, month)) detail += ", marked free of DB/DZ/KommSt";
     Step(out, what, detail);
