@@ -1,10 +1,12 @@
 // Loading the employee list against a hand-written raw sqlite3 loader doing the
 // same reads, in one run: 1,000 and 10,000 employees of one employer, each with 12
-// pay rows of the year, 3 career steps and a bank row.
+// pay rows of the year, 3 career steps, a bank row, the year data and the 40
+// wage-type rows (8 groups of 5 lines) of one month.
 //
 // The raw loader runs the statements the library runs (the employer's employees,
 // all career steps, the replacement benefits of the year; then per employee its
-// master row, its bank row and its pay rows), prepared once with sqlite3 and bound
+// master row, its bank row, its wage-type rows, its pay rows, its transfers and its
+// year data), prepared once with sqlite3 and bound
 // per employee, and keeps every column of those rows in plain structs. It filters
 // the year with hash maps of its own. When later work adds tables to the employee
 // load (career, children, wage-type lines, transfers, year data, password,
@@ -128,7 +130,7 @@ Store MakeStore(int employees) {
   sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
   {
     Inserter master(db, "Mitarbeiter"), bank(db, "Mitarbeiter_Bankverbindung"), career(db, "Mitarbeiter_Laufbahn"),
-        pay(db, "Mitarbeiter_Lohnzettel");
+        pay(db, "Mitarbeiter_Lohnzettel"), lines(db, "Mitarbeiter_Lohnarten"), year(db, "Mitarbeiter_Jahresdaten");
     for (int e = 0; e < employees; ++e) {
       std::string id = ValueHelpers::NewID();
       master.Insert(e, {{"ID", Variant(id)}, {"MandantenID", Variant(store.employer)}, {"Personalnummer", e % 30000},
@@ -141,6 +143,11 @@ Store MakeStore(int employees) {
       for (int month = 1; month <= 12; ++month)
         pay.Insert(e * 12 + month, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + month},
                                     {"FB_Tage", Variant("0315")}});
+      for (int group = 1; group <= 8; ++group)
+        for (int line = 1; line <= 5; ++line)
+          lines.Insert(e * 40 + group * 5 + line, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + 3},
+                                                   {"Lohnarttyp", group}, {"SortNr", line}});
+      year.Insert(e, {{"MitarbeiterID", Variant(id)}, {"Jahr", kYear}});
     }
   }
   sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
@@ -194,7 +201,10 @@ struct RawEmployee {
   int index = 0;
   RawRow master;
   RawRow bank;
+  std::vector<RawRow> lines;  // the wage-type rows of the year
   std::vector<RawRow> months = std::vector<RawRow>(13);
+  std::vector<RawRow> transfers = std::vector<RawRow>(13);
+  RawRow year;
 };
 
 class Statement {
@@ -238,7 +248,10 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
                          "\"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\">=? AND \"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\"<=?");
   Statement master(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=?");
   Statement bank(db, "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=?");
+  Statement lines(db, "SELECT * FROM \"Mitarbeiter_Lohnarten\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\", \"SortNr\"");
   Statement pay(db, "SELECT * FROM \"Mitarbeiter_Lohnzettel\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\" ASC");
+  Statement transfers(db, "SELECT * FROM \"Mitarbeiter_Übertritte\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\" ASC");
+  Statement year(db, "SELECT * FROM \"Mitarbeiter_Jahresdaten\" WHERE \"MitarbeiterID\"=? AND \"Jahr\"=?");
 
   // Newest step up to the year's end per employee; employees with a benefit in the year.
   const double year_end = DateHelpers::DateSerial(kYear, 12, 31);
@@ -275,12 +288,27 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
     if (sqlite3_step(master.get()) == SQLITE_ROW) ReadRow(master.get(), employee.master);
     bank.Bind(id);
     if (sqlite3_step(bank.get()) == SQLITE_ROW) ReadRow(bank.get(), employee.bank);
+    lines.Bind(id);
+    while (sqlite3_step(lines.get()) == SQLITE_ROW) {
+      int zeitraum = sqlite3_column_int(lines.get(), 3);
+      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
+        ReadRow(lines.get(), employee.lines.emplace_back());
+    }
     pay.Bind(id);
     while (sqlite3_step(pay.get()) == SQLITE_ROW) {
       int zeitraum = sqlite3_column_int(pay.get(), 3);
       if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
         ReadRow(pay.get(), employee.months[static_cast<std::size_t>(zeitraum % 100)]);
     }
+    transfers.Bind(id);
+    while (sqlite3_step(transfers.get()) == SQLITE_ROW) {
+      int zeitraum = sqlite3_column_int(transfers.get(), 3);
+      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
+        ReadRow(transfers.get(), employee.transfers[static_cast<std::size_t>(zeitraum % 100)]);
+    }
+    year.Bind(id);
+    sqlite3_bind_int(year.get(), 2, kYear);
+    if (sqlite3_step(year.get()) == SQLITE_ROW) ReadRow(year.get(), employee.year);
   }
   return result;
 }
