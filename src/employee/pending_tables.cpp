@@ -6,10 +6,6 @@
 
 namespace ormelix::modDatabase {
 
-// Mitarbeiter_PDFEncrypt into PDFEncrypt: comes with the document protection.
-void LoadPDFEncrypt(clsManager&, LLohn&, const std::string&) {}
-// The employee's password row: comes with the document protection.
-void SavePDFEncrypt(clsManager&, LLohn&, const std::string&) {}
 // Mitarbeiter_Lohnzettel_EL of one pay row into SV_EL_Laufend(m): comes with the replacement benefits.
 void LoadErsatzleistungen(clsManager&, LLohn_Ersatzleistungen&, const std::string&) {}
 // Delete and insert the replacement-benefit rows of one pay row: comes with the replacement benefits.

@@ -42,14 +42,21 @@ const ColumnSet<M>& MandantenColumns() {
 
 Variant clsMandant::InitLohnDB(const StoreConnectionPtr& pLohnDatabase) {
   lohn_db_ = pLohnDatabase;
-  // Handed on, in this order, to Bankverbindung, BMVG_Kasse, Finanzamt, Kommunal,
-  // Jahresdaten, Beitragskonten and PDFEncrypt as those records come in.
+  bankverbindung_->InitLohnDB(pLohnDatabase);
+  bmvg_kasse_->InitLohnDB(pLohnDatabase);
+  finanzamt_->InitLohnDB(pLohnDatabase);
+  kommunal_->InitLohnDB(pLohnDatabase);
+  jahresdaten_->InitLohnDB(pLohnDatabase);
+  beitragskonten_->InitLohnDB(pLohnDatabase);
+  pdf_encrypt_->InitLohnDB(pLohnDatabase);
   return {};
 }
 
 Variant clsMandant::InitImportDB(const StoreConnectionPtr& pImportDatabase) {
   import_db_ = pImportDatabase;
-  // Handed on to BMVG_Kasse and Kommunal, the two records that look up catalogues.
+  // Only the two records that look up catalogues need it.
+  bmvg_kasse_->InitImportDB(pImportDatabase);
+  kommunal_->InitImportDB(pImportDatabase);
   return {};
 }
 
@@ -108,19 +115,25 @@ bool clsMandant::Update(bool pRekursiv) {
 }
 
 void clsMandant::LoadSideRecords() {
-  // The side records load with the employer's ID, in this order: Bankverbindung,
-  // BMVG_Kasse, Finanzamt, Kommunal, Beitragskonten, PDFEncrypt. The year data
-  // (Jahresdaten) is not among them: it has a load of its own (ChangeYear).
+  // The year data is not among them: it has a load of its own (ChangeYear).
+  bankverbindung_->LoadMandantBankverbindung(id_);
+  bmvg_kasse_->Load(id_);
+  finanzamt_->LoadMandantFinanzamt(id_);
+  kommunal_->LoadMandantKommunal(id_);
+  beitragskonten_->LoadMandantBeitragskonten(id_);
+  pdf_encrypt_->LoadMandantPDFEncrypt(id_);
 }
 
 void clsMandant::SaveSideRecords() {
-  // Saved with the employer, in this order: Bankverbindung, BMVG_Kasse (without a
-  // fund), Finanzamt, Kommunal (without a municipality), PDFEncrypt. Jahresdaten
-  // has an Update of its own; Beitragskonten cannot be written.
+  // The fund and the municipality are left out, so their columns stay as they
+  // are. Jahresdaten has an Update of its own; Beitragskonten cannot be written.
+  bankverbindung_->Update(this);
+  bmvg_kasse_->Update(this);
+  finanzamt_->Update(this);
+  kommunal_->Update(this);
+  pdf_encrypt_->Update(this);
 }
 
-void clsMandant::LoadYearData() {
-  // Jahresdaten: LoadMandantJahresdaten(ID, Jahr), and nothing else.
-}
+void clsMandant::LoadYearData() { jahresdaten_->LoadMandantJahresdaten(id_, jahr_); }
 
 }  // namespace ormelix

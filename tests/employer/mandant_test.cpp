@@ -16,10 +16,13 @@ class MandantTest : public ::testing::Test {
  protected:
   test::TempDir dir;
   StoreConnectionPtr db = test::NewStore(dir);
+  StoreConnectionPtr reference = test::NewStore(dir, StoreKind::Reference);
 
+  // An employer with both stores: the load of its provision fund needs the reference store.
   std::shared_ptr<clsMandant> Fresh() {
     auto employer = std::make_shared<clsMandant>();
     employer->InitLohnDB(db);
+    employer->InitImportDB(reference);
     return employer;
   }
   std::shared_ptr<clsMandant> Loaded(const std::string& id) {

@@ -7,7 +7,7 @@ namespace ormelix::test {
 
 class JsonParser {
  public:
-  explicit JsonParser(const std::string& text) : text_(text) {}
+  JsonParser(const std::string& text, bool unique_keys) : text_(text), unique_keys_(unique_keys) {}
 
   JsonValue Document() {
     JsonValue value = Read();
@@ -66,6 +66,7 @@ class JsonParser {
         std::string key = ReadString();
         Skip();
         if (!Accept(":")) Fail("':' is expected");
+        if (unique_keys_ && value.object_.count(key)) Fail("the key '" + key + "' appears twice in one object");
         value.object_[key] = Read();
         Skip();
       } while (Accept(","));
@@ -98,9 +99,11 @@ class JsonParser {
 
   const std::string& text_;
   std::size_t pos_ = 0;
+  bool unique_keys_ = false;
 };
 
-JsonValue JsonValue::Parse(const std::string& text) { return JsonParser(text).Document(); }
+JsonValue JsonValue::Parse(const std::string& text) { return JsonParser(text, false).Document(); }
+JsonValue JsonValue::ParseUnique(const std::string& text) { return JsonParser(text, true).Document(); }
 
 const JsonValue& JsonValue::operator[](const std::string& key) const {
   auto found = object_.find(key);

@@ -15,6 +15,8 @@ class JsonValue {
   enum Kind { Null, Bool, Number, String, Array, Object };
 
   static JsonValue Parse(const std::string& text);
+  // The same, but a key that appears twice in one object is a failure.
+  static JsonValue ParseUnique(const std::string& text);
 
   Kind kind() const { return kind_; }
   bool AsBool() const { return boolean_; }

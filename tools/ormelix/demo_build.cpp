@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include "demo.h"
+#include "demo_employer.h"
 #include "ormelix/employer/mandant.h"
 #include "ormelix/store/date_helpers.h"
 
@@ -9,6 +10,8 @@ namespace cli {
 using ormelix::DateHelpers::DateSerial;
 
 void BuildDemo(ormelix::clsManager& manager, int extra_employees, std::ostream& out) {
+  out << "Reference catalogues\n";
+  BuildReference(manager, out);
   out << "Base values\n";
   auto folder = BuildBaseValues(manager, out);
   auto employer = std::make_shared<ormelix::clsMandant>();
@@ -29,10 +32,12 @@ void BuildDemo(ormelix::clsManager& manager, int extra_employees, std::ostream& 
   employer->DVR = "0815470";
   employer->Betriebsart = "Beherbergung und Gastronomie";
   employer->Update();
-  manager.ChangeAktMandant(employer->ID());
   out << "Employer " << employer->Name << " (" << employer->ID() << ")\n";
+  BuildEmployerRecords(manager, *employer, out);
+  manager.ChangeAktMandant(employer->ID());
   out << "Employees\n";
   BuildEmployees(manager, folder, extra_employees, out);
+  SetEmployeePassword(manager, 1001, "Huber-1986", out);
 }
 
 

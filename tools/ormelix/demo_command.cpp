@@ -15,9 +15,12 @@ const char* const kDemoHelp =
     "  Builds a demo payroll store and reference store in DIR (default: a fresh folder\n"
     "  ormelix-demo-YYYYMMDD-HHMMSS in the current folder) through the library's own\n"
     "  objects: a Standard folder of base values with dated tables of 2024 and 2025\n"
-    "  carrying Austrian statutory figures, a restore folder, one employer and five\n"
-    "  employees with pay months of 2024 and 2025. Then it walks one employee's month\n"
-    "  the way a payroll host does and prints it. DIR must not hold stores already.\n"
+    "  carrying Austrian statutory figures, a restore folder, one employer with its bank,\n"
+    "  authorities, year data, contribution accounts and document protection, five\n"
+    "  employees with pay months of 2024 and 2025, and the reference catalogues\n"
+    "  (municipalities, provision funds, exit reasons, countries). Then it walks one\n"
+    "  employee's month the way a payroll host does and prints it. DIR must not hold\n"
+    "  stores already.\n"
     "  --employees N   N employees instead of five (5 to 30000): the five named ones and\n"
     "                  generated ones, for a store of some size\n";
 
@@ -77,7 +80,8 @@ int Demo(Arguments args) {
             << "  ormelix show --store " << store << " employees --year 2025 --sort name\n"
             << "  ormelix show --store " << store << " base --period 202503\n"
             << "  ormelix show --store " << store << " month --employee 1001 --period 202503\n"
-            << "  ormelix show --store " << store << " month --employee 1003 --period 202503\n";
+            << "  ormelix show --store " << store << " month --employee 1003 --period 202503\n"
+            << "  ormelix show --store " << store << " countries --period 202003\n";
   return 0;
 }
 

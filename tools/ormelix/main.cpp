@@ -17,7 +17,8 @@ const char* const kUsage =
     "  init PAYROLL REFERENCE   create an empty payroll store and an empty reference store\n"
     "  demo [DIR]               build a demo store with Austrian figures of 2024 and 2025 and\n"
     "                           walk one employee's month through it\n"
-    "  show [--store PATH] WHAT show a store read-only: employers, employees, base, month\n"
+    "  show [--store PATH] WHAT show a store read-only: employers, employees, base, month,\n"
+    "                           countries\n"
     "\n"
     "ormelix COMMAND --help describes a command and its options. Bad input gives one line\n"
     "on standard error and exit status 2.\n";

@@ -24,6 +24,9 @@ namespace cli {
 int ShowEmployees(ormelix::clsManager& manager, Arguments& args, bool as_json);
 int ShowBase(ormelix::clsManager& manager, Arguments& args, bool as_json);
 int ShowMonth(ormelix::clsManager& manager, Arguments& args, bool as_json);
+int ShowCountries(ormelix::clsManager& manager, Arguments& args, bool as_json);
+// The side records of AktMandant: into its JSON object, and as text.
+void AddSideRecords(ormelix::clsManager& manager, json::Value& employer, std::ostream& text);
 
 // The dated table in force for a period, in the Standard folder or a named one.
 struct BaseSelection {

@@ -1,6 +1,7 @@
 // ormelix show: a read-only look into any store.
 #include <algorithm>
 #include <iostream>
+#include <sstream>
 
 #include "commands.h"
 #include "json.h"
@@ -17,7 +18,9 @@ const char* const kShowHelp =
     "  Shows what a store holds, read-only. PATH is a payroll store file or a folder with\n"
     "  payroll.db (and reference.db); the default is the current folder.\n"
     "\n"
-    "  employers                           the employers\n"
+    "  employers                           the employers with bank, provision fund, tax and\n"
+    "                                      municipal office, year data, contribution accounts\n"
+    "                                      and document protection (never the password)\n"
     "  employees --year YYYY [--sort name] [--employer ID]\n"
     "                                      the employees of an employer in that year, by\n"
     "                                      Personalnummer (default) or by name\n"
@@ -27,6 +30,8 @@ const char* const kShowHelp =
     "  month --employee ID --period YYYYMM [--employer ID]\n"
     "                                      an employee's master data and pay month, with\n"
     "                                      its wage-type lines, transfer and year data\n"
+    "  countries --period YYYYMM           the countries of the reference store with the\n"
+    "                                      indicator in force for the period\n"
     "\n"
     "  --json   print one JSON document instead of tables\n";
 
@@ -43,11 +48,13 @@ int ShowEmployers(ormelix::clsManager& manager, Arguments& args, bool as_json) {
   args.ExpectEnd("ormelix show employers [--json]");
   json::Value list = json::Value::MakeArray();
   TextTable table;
+  std::ostringstream details;
   for (const char* header : {"ID", "Name", "Zusatz", "Anschrift", "DVR"}) table.Column(header);
   for (const std::string& id : EmployerIds(manager)) {
     manager.ChangeAktMandant(id);
     const ormelix::clsMandant& m = *manager.AktMandant();
-    list.Push(EmployerJson(m));
+    json::Value& employer = list.Push(EmployerJson(m));
+    AddSideRecords(manager, employer, details);
     table.Row({m.ID(), m.Name, m.Zusatz, m.Strasse + ", " + m.PLZ + " " + m.Ort, m.DVR});
   }
   if (as_json) {
@@ -56,6 +63,7 @@ int ShowEmployers(ormelix::clsManager& manager, Arguments& args, bool as_json) {
     std::cout << document.Dump();
   } else {
     table.Print(std::cout);
+    std::cout << details.str();
   }
   return 0;
 }
@@ -115,13 +123,15 @@ int Show(Arguments args) {
   std::string where = args.TakeOption("store").value_or(".");
   bool as_json = args.TakeFlag("json");
   std::optional<std::string> what = args.TakePositional();
-  if (!what) throw UsageError("show needs WHAT: employers, employees, base or month (see ormelix show --help)");
+  if (!what)
+    throw UsageError("show needs WHAT: employers, employees, base, month or countries (see ormelix show --help)");
   auto manager = OpenStores(where, /*read_only=*/true);
   if (*what == "employers") return ShowEmployers(*manager, args, as_json);
   if (*what == "employees") return ShowEmployees(*manager, args, as_json);
   if (*what == "base") return ShowBase(*manager, args, as_json);
   if (*what == "month") return ShowMonth(*manager, args, as_json);
-  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base or month");
+  if (*what == "countries") return ShowCountries(*manager, args, as_json);
+  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base, month or countries");
 }
 
 }  // namespace cli

@@ -75,11 +75,17 @@ void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 // none; the rows of other months stay as they are.
 void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 
+// ---- Mitarbeiter_PDFEncrypt (in the employer area, with the document protection)
+
+// Reads the employee's password into PDFEncrypt; without a row it stays as it was.
+// The key goes into the statement as it stands.
+void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+// Writes the password row, inserting it when there is none, also for an empty password.
+void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
+
 // ---- The tables of later work. Each stands at its place in the load and save order
 // and does nothing yet.
 
-void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
-void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
 void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string& pLohnzettelID, std::int16_t pMonat);
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);

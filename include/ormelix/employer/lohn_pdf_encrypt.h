@@ -1,13 +1,20 @@
 // LLohn_PDFEncrypt: the password of an employee's PDF documents, a row of
-// Mitarbeiter_PDFEncrypt.
+// Mitarbeiter_PDFEncrypt. LLohn owns one; it loads with the employee and is saved
+// by LLohn::Update (ucTablePDFEncrypt), also when the password is empty.
 //
-// An empty shell so far: the employee object owns one, and the load and save of the
-// table stand at their place in LoadMitarbeiter, Update and Refresh; the password
-// and its transformation come with the document-protection work.
+// The password is plain in the object and transformed in the store (see
+// encrypt.h): a character outside Windows-1252 comes back as '?'.
 #pragma once
+
+#include <string>
 
 namespace ormelix {
 
-class LLohn_PDFEncrypt {};
+class LLohn_PDFEncrypt {
+ public:
+  // A plain property: no load or save reads or writes it.
+  std::string ID;
+  std::string VSPassword;
+};
 
 }  // namespace ormelix

@@ -9,8 +9,16 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "ormelix/employer/mandant_bankverbindung.h"
+#include "ormelix/employer/mandant_beitragskonten.h"
+#include "ormelix/employer/mandant_bmvg_kasse.h"
+#include "ormelix/employer/mandant_finanzamt.h"
+#include "ormelix/employer/mandant_jahresdaten.h"
+#include "ormelix/employer/mandant_kommunal.h"
+#include "ormelix/employer/mandant_pdf_encrypt.h"
 #include "ormelix/store/store.h"
 #include "ormelix/store/variant.h"
 
@@ -42,6 +50,22 @@ class clsMandant {
   std::string Betriebsart;
   bool BuchungslisteELGesamt = false;
 
+  // The side records, created with the employer. Each getter hands out the object
+  // itself, so that edits are seen by the employer; the first five can be
+  // replaced, the accounts and the document protection cannot.
+  const std::shared_ptr<clsMandant_Bankverbindung>& Bankverbindung() const { return bankverbindung_; }
+  void SetBankverbindung(std::shared_ptr<clsMandant_Bankverbindung> p) { bankverbindung_ = std::move(p); }
+  const std::shared_ptr<clsMandant_BMVG_Kasse>& BMVG_Kasse() const { return bmvg_kasse_; }
+  void SetBMVG_Kasse(std::shared_ptr<clsMandant_BMVG_Kasse> p) { bmvg_kasse_ = std::move(p); }
+  const std::shared_ptr<clsMandant_Finanzamt>& Finanzamt() const { return finanzamt_; }
+  void SetFinanzamt(std::shared_ptr<clsMandant_Finanzamt> p) { finanzamt_ = std::move(p); }
+  const std::shared_ptr<clsMandant_Kommunal>& Kommunal() const { return kommunal_; }
+  void SetKommunal(std::shared_ptr<clsMandant_Kommunal> p) { kommunal_ = std::move(p); }
+  const std::shared_ptr<clsMandant_Jahresdaten>& Jahresdaten() const { return jahresdaten_; }
+  void SetJahresdaten(std::shared_ptr<clsMandant_Jahresdaten> p) { jahresdaten_ = std::move(p); }
+  const std::shared_ptr<clsMandant_Beitragskonten>& Beitragskonten() const { return beitragskonten_; }
+  const std::shared_ptr<clsMandant_PDFEncrypt>& PDFEncrypt() const { return pdf_encrypt_; }
+
   // Library-internal: the two stores, handed on to the side records.
   Variant InitLohnDB(const StoreConnectionPtr& pLohnDatabase);
   Variant InitImportDB(const StoreConnectionPtr& pImportDatabase);
@@ -69,6 +93,14 @@ class clsMandant {
   void LoadYearData();
 
   std::string id_;
+  // In the order of their creation.
+  std::shared_ptr<clsMandant_Bankverbindung> bankverbindung_ = std::make_shared<clsMandant_Bankverbindung>();
+  std::shared_ptr<clsMandant_BMVG_Kasse> bmvg_kasse_ = std::make_shared<clsMandant_BMVG_Kasse>();
+  std::shared_ptr<clsMandant_Finanzamt> finanzamt_ = std::make_shared<clsMandant_Finanzamt>();
+  std::shared_ptr<clsMandant_Kommunal> kommunal_ = std::make_shared<clsMandant_Kommunal>();
+  std::shared_ptr<clsMandant_Jahresdaten> jahresdaten_ = std::make_shared<clsMandant_Jahresdaten>();
+  std::shared_ptr<clsMandant_Beitragskonten> beitragskonten_ = std::make_shared<clsMandant_Beitragskonten>();
+  std::shared_ptr<clsMandant_PDFEncrypt> pdf_encrypt_ = std::make_shared<clsMandant_PDFEncrypt>();
   std::int16_t jahr_ = 0;
   StoreConnectionPtr lohn_db_;
   StoreConnectionPtr import_db_;

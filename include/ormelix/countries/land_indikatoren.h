@@ -1,0 +1,34 @@
+// clsLand_Indikatoren: the dated indicators of one country, keyed by the text of
+// their ID, in the order of adding (which the load makes ascending Zeitraum).
+#pragma once
+
+#include <memory>
+
+#include "ormelix/collection.h"
+#include "ormelix/countries/land_indikator.h"
+#include "ormelix/store/variant.h"
+
+namespace ormelix {
+
+class clsLand_Indikatoren {
+ public:
+  using Ptr = std::shared_ptr<clsLand_Indikator>;
+
+  // Adds under the text of the indicator's ID (a key in use is an Error).
+  void Add(const Ptr& pIndikator);
+  // By position (from 1) or key; one that is not there is a KeyNotFound.
+  void Remove(const Variant& pIndex) { items_.Remove(pIndex); }
+  const Ptr& Item(const Variant& pIndex) const { return items_.Item(pIndex); }
+  // True if the indicator found under pIndex has pIndex as its ID; a failed
+  // lookup gives False.
+  bool Exist(const Variant& pIndex) const;
+  long Count() const { return items_.Count(); }
+
+  auto begin() const { return items_.begin(); }
+  auto end() const { return items_.end(); }
+
+ private:
+  Collection<clsLand_Indikator> items_{"Indikatoren"};
+};
+
+}  // namespace ormelix

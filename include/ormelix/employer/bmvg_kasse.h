@@ -1,0 +1,58 @@
+// clsBMVG_Kasse: a company provision fund of the catalogue BMVG_Kassen in the
+// reference store, a read-only view of one row. clsMandant_BMVG_Kasse owns one; a
+// caller can make its own, hand it both stores and pass it to
+// clsMandant_BMVG_Kasse::Update.
+#pragma once
+
+#include <string>
+
+#include "ormelix/store/store.h"
+
+namespace ormelix {
+
+class clsBMVG_Kasse {
+ public:
+  const std::string& ID() const { return id_; }
+  // The number that identifies the fund (a text column).
+  const std::string& Leitzahl() const { return leitzahl_; }
+  const std::string& Name() const { return name_; }
+  const std::string& Sachbearbeiter() const { return sachbearbeiter_; }
+  const std::string& Strasse() const { return strasse_; }
+  const std::string& PLZ() const { return plz_; }
+  const std::string& Ort() const { return ort_; }
+  const std::string& Telefon() const { return telefon_; }
+  const std::string& Institut() const { return institut_; }
+  bool Bauarbeiter_Kasse() const { return bauarbeiter_kasse_; }
+  const std::string& Anmerkung() const { return anmerkung_; }
+
+  void InitLohnDB(const StoreConnectionPtr& pDatabase) { lohn_db_ = pDatabase; }
+  void InitImportDB(const StoreConnectionPtr& pDatabase) { import_db_ = pDatabase; }
+
+  // Reads the fund whose Leitzahl is pID. pID goes through ToLong on its way into
+  // the statement, so leading zeros are lost ("07100" looks for "7100"), and a
+  // text that is no number is a ConversionError. No such fund clears the object
+  // and gives False.
+  //
+  // The one check is on the pay store: without it the result is False. With a pay
+  // store and without a reference store the read itself fails (an Error).
+  bool Load(const std::string& pID);
+
+ private:
+  void Clear();
+
+  std::string id_;
+  std::string leitzahl_;
+  std::string name_;
+  std::string sachbearbeiter_;
+  std::string strasse_;
+  std::string plz_;
+  std::string ort_;
+  std::string telefon_;
+  std::string institut_;
+  bool bauarbeiter_kasse_ = false;
+  std::string anmerkung_;
+  StoreConnectionPtr lohn_db_;
+  StoreConnectionPtr import_db_;
+};
+
+}  // namespace ormelix
