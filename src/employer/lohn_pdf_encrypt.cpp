@@ -5,14 +5,17 @@
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
 #include "ormelix/employer/encrypt.h"
+#include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
 
 namespace ormelix::modDatabase {
 
 void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  // The employee's key goes in as it stands here, and through SqlID in the save.
-  auto rs =
-      detail::OpenRead(pManager, "SELECT * FROM [Mitarbeiter_PDFEncrypt] WHERE [MitarbeiterID]=" + pMitarbeiterID);
+  // The key goes in as it stands here and through SqlID in the save. For an ID both
+  // are the same literal; any other key would be no literal at all (a name reads as
+  // a column), so it takes the SqlID form here too, as the year data do.
+  std::string key = DateHelpers::IsID(Variant(pMitarbeiterID)) ? pMitarbeiterID : ValueHelpers::SqlID(pMitarbeiterID);
+  auto rs = detail::OpenRead(pManager, "SELECT * FROM [Mitarbeiter_PDFEncrypt] WHERE [MitarbeiterID]=" + key);
   if (!rs->Eof()) pLohn.PDFEncrypt()->VSPassword = EncryptPassword(ValueHelpers::ToText(rs->Fields("VSPassword")));
   rs->Close();
 }

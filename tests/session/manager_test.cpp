@@ -109,6 +109,8 @@ TEST_F(ManagerTest, ChangeAktMandantLoadsReusesAndDrops) {
   auto db = test::NewStore(dir);
   auto manager = clsManager::Create();
   manager->SetAktDB(db);
+  // A saved employer has a provision-fund row, whose load reads the reference store.
+  manager->SetImportDB(test::NewStore(dir, StoreKind::Reference));
   // An employer object without an ID would overwrite the first row of a table
   // with rows, so the second employer's row is put in first and then saved.
   clsMandant a, b;

@@ -78,7 +78,7 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 // ---- Mitarbeiter_PDFEncrypt (in the employer area, with the document protection)
 
 // Reads the employee's password into PDFEncrypt; without a row it stays as it was.
-// The key goes into the statement as it stands.
+// An ID goes into the statement as it stands, any other key in its SqlID form.
 void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 // Writes the password row, inserting it when there is none, also for an empty password.
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
