@@ -75,6 +75,28 @@ TEST(Cli, BadInputGivesOneLineAndStatusTwo) {
   }
 }
 
+TEST(Cli, ACareerRowWithoutADateIsReportedWithItsKey) {
+  test::TempDir dir;
+  ASSERT_EQ(RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string()).status, 0);
+  auto db = StoreConnection::Open(dir.File("payroll.db"));
+  const std::string employer = test::AddRow(db, "Mandanten", {{"Name", "Muster GmbH"}});
+  const std::string employee =
+      test::AddRow(db, "Mitarbeiter", {{"MandantenID", employer}, {"Personalnummer", 7}, {"Neuanlage", true}});
+  const std::string step = test::AddRow(db, "Mitarbeiter_Laufbahn", {{"MitarbeiterID", employee}, {"Schritt", 1}});
+  db.reset();
+  for (const char* what : {"career", "month"}) {
+    std::vector<std::string> args = {"show", "--store", dir.Path().string(), what, "--employee", "7"};
+    if (what == std::string("career")) args.insert(args.end(), {"--year", "2024"});
+    else args.insert(args.end(), {"--period", "202403"});
+    auto run = RunTool(args);
+    EXPECT_EQ(run.status, 2) << run.err;
+    EXPECT_EQ(Lines(run.err), 1) << run.err;
+    EXPECT_NE(run.err.find("Mitarbeiter_Laufbahn.Datum"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find(step), std::string::npos) << run.err;
+    EXPECT_TRUE(run.out.empty()) << run.out;
+  }
+}
+
 TEST(Cli, HelpDescribesEveryCommand) {
   auto run = RunTool({"--help"});
   EXPECT_EQ(run.status, 0);

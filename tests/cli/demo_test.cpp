@@ -47,6 +47,9 @@ TEST_F(DemoTest, TheDemoBuildsItsStoresAndWalksAMonth) {
   EXPECT_NE(demo_->out.find("GetZeittabelle(202503) = \"Werte 2025\" (from 202501)"), std::string::npos) << demo_->out;
   EXPECT_NE(demo_->out.find("GetZeittabelle(202312) = \"Werte 2025\""), std::string::npos);
   EXPECT_NE(demo_->out.find("as stored"), std::string::npos);
+  EXPECT_NE(demo_->out.find("Laufbahnschritt(202503) = Eintritt 2022-09-01, Index 3"), std::string::npos);
+  EXPECT_NE(demo_->out.find("IsEintritt(202503) = True"), std::string::npos);
+  EXPECT_NE(demo_->out.find("LaufbahnschritteImZeitraum(202503, 202503) = Eintritt 2022-09-01"), std::string::npos);
   EXPECT_EQ(demo_->out.find("DIFFERS"), std::string::npos);
   EXPECT_TRUE(demo_->err.empty()) << demo_->err;  // no progress lines when not on a terminal
 }
@@ -159,6 +162,39 @@ TEST_F(DemoTest, EmployeesAndTheirPayMonths) {
   EXPECT_EQ(employers["employers"][0]["EMail"].AsString(), "lohn@alpenblick.example");
 }
 
+TEST_F(DemoTest, CareersAsTheHostWroteThemAndWhatTheQueriesAnswer) {
+  JsonValue berger = Show({"career", "--employee", "1002", "--year", "2024"});
+  ASSERT_EQ(berger["Laufbahn"].Size(), 3u);  // entry, exit, re-entry
+  const JsonValue& exit = berger["Laufbahn"][1];
+  EXPECT_EQ(exit["Schritt"].AsNumber(), 3);
+  EXPECT_EQ(exit["Datum"].AsString(), "2023-10-31");
+  EXPECT_EQ(exit["GrundNr"].AsNumber(), 2);
+  EXPECT_EQ(exit["GrundIndex"].AsNumber(), 3);
+  EXPECT_EQ(exit["GrundText"].AsString(), "Kündigung durch den Dienstnehmer");
+  EXPECT_EQ(exit["WochengeldDatumEnde"].AsString(), "2023-10-31");
+  EXPECT_EQ(berger["Laufbahn"][0]["GrundNr"].kind(), JsonValue::Null);
+  // The year's steps begin with the last step before it: the exit of 2023.
+  ASSERT_EQ(berger["LaufbahnschritteImZeitraum"].Size(), 2u);
+  EXPECT_EQ(berger["LaufbahnschritteImZeitraum"][0]["Datum"].AsString(), "2023-10-31");
+  EXPECT_TRUE(berger["months"][0]["IsEintritt"].AsBool());
+
+  JsonValue huber = Show({"career", "--employee", "1001", "--year", "2021"});
+  EXPECT_FALSE(huber["months"][4]["IsDVRuht"].AsBool());
+  EXPECT_TRUE(huber["months"][5]["IsDVRuht"].AsBool());  // suspended from 14 June
+  EXPECT_EQ(huber["months"][5]["Laufbahnschritt"]["Schritt"].AsNumber(), 2);
+  EXPECT_EQ(huber["Laufbahn"][1]["Anmerkung"].AsString(), "Mutterschutz und Karenz");
+  JsonValue apprentice = Show({"career", "--employee", "1003", "--year", "2025"});
+  EXPECT_TRUE(apprentice["Laufbahn"][0]["BefristetBeschäftigt"].AsBool());
+  EXPECT_EQ(apprentice["Laufbahn"][0]["BefristetBis"].AsString(), "2026-08-31");
+
+  JsonValue month = Show({"month", "--employee", "1005", "--period", "202412"});
+  EXPECT_EQ(month["career"]["Laufbahnschritt"]["GrundText"].AsString(), "Zeitablauf bei Befristung");
+  EXPECT_TRUE(month["career"]["IsEintritt"].AsBool());  // only the exit in the month: the entry before decides
+  EXPECT_EQ(month["career"]["LaufbahnschritteImZeitraum"].Size(), 2u);
+  JsonValue list = Show({"employees", "--year", "2024"});
+  EXPECT_EQ(list["employees"].Size(), 5u);
+}
+
 TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
   struct Case {
     std::vector<std::string> args;
@@ -176,6 +212,10 @@ TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
       {{"show", "--store", Store(), "employees", "--year", "2025", "--employer", "{00000000-0000-0000-0000-0000000000AB}"},
        "unknown employer"},
       {{"show", "--store", Store(), "employees", "--year", "25"}, "is not a four-digit year"},
+      {{"show", "--store", Store(), "career", "--year", "2025"}, "show career needs --employee"},
+      {{"show", "--store", Store(), "career", "--employee", "1001"}, "show career needs --year"},
+      {{"show", "--store", Store(), "career", "--employee", "1001", "--year", "20x5"}, "is not a four-digit year"},
+      {{"show", "--store", Store(), "career", "--employee", "4711", "--year", "2025"}, "unknown employee '4711'"},
       {{"show", "--store", Store(), "employees", "--year", "2025", "--sort", "age"}, "unknown sort 'age'"},
       {{"demo", Store()}, "exists already"},
       {{"demo", dir_->File("other"), "--employees", "many"}, "not a number from 5 to 30000"},

@@ -1,13 +1,20 @@
 // The demo store and the walk through one employee's month.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <ostream>
+#include <string>
 
 #include "ormelix/session/manager.h"
 
 namespace ormelix {
 class clsBasisordner;
+class LLohn;
+}  // namespace ormelix
+
+namespace cli::demo {
+struct Person;
 }
 
 namespace cli {
@@ -19,6 +26,10 @@ void BuildEmployees(ormelix::clsManager& manager, const std::shared_ptr<ormelix:
                     std::ostream& out);
 // Fills the open stores of the session: base values, employer, employees.
 void BuildDemo(ormelix::clsManager& manager, int extra_employees, std::ostream& out);
+// An employee's career rows, written the way a host writes them.
+void AddCareer(ormelix::clsManager& manager, const std::string& employee, const demo::Person& person);
+// What the career answers for the walk's month.
+void WalkCareer(const ormelix::LLohn& lohn, std::int32_t period, std::ostream& out);
 // Walks one employee's month the way a payroll host does, and prints it.
 void WalkDemoMonth(ormelix::clsManager& manager, std::ostream& out);
 

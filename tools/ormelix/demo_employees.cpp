@@ -1,4 +1,4 @@
-// The demo's employees: master data, bank details and an entry step each, then the
+// The demo's employees: master data, bank details and their careers, then the
 // pay months of 2024 and of January to March 2025, worked out from the base values
 // of each month the way a host does and saved month by month.
 #include <algorithm>
@@ -44,20 +44,6 @@ void FillMasterData(LLohn& lohn, const Person& p, const std::string& folder_id) 
   lohn.BankName = p.bank;
   lohn.IBAN = p.iban;
   lohn.BIC = p.bic;
-}
-
-// The career is written by the host; the library reads it (the year filter of the
-// employee list looks at the last step).
-void AddEntryStep(clsManager& manager, const std::string& employee, Date entry) {
-  auto rs = manager.AktDB()->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [MitarbeiterID]=" +
-                                                         ValueHelpers::SqlID(employee),
-                                                     adOpenDynamic, adLockOptimistic);
-  rs->AddNew();
-  rs->Collect("MitarbeiterID", employee);
-  rs->Collect("Schritt", 1);  // entry
-  rs->Collect("Datum", entry);
-  rs->Update();
-  rs->Close();
 }
 
 void FillMonth(LLohn& lohn, const Person& p, int year, int month, const LBasis& table) {
@@ -112,7 +98,7 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
         modDatabase::SaveMitarbeiterRecord(manager, *lohn, id);
         modDatabase::SaveBankverbindung(manager, *lohn, id);
       }
-      AddEntryStep(manager, id, p.entry);
+      AddCareer(manager, id, p);
       by_number[p.personalnummer] = &p;
       progress.Step(static_cast<long>(i + 1), static_cast<long>(people.size()));
     }

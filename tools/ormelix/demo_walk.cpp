@@ -83,6 +83,8 @@ void WalkDemoMonth(clsManager& manager, std::ostream& out) {
   Step(out, "employee", "ChangeAktMitarbeiter: " + std::to_string(a.Personalnummer) + " " + a.Titel + " " + a.VName +
                             " " + a.FName + ", Index " + std::to_string(manager.AktMitarbeiterIndex) + ", " + lohn->ID());
 
+  WalkCareer(*lohn, manager.GetZeitraum(), out);
+
   auto folder = manager.Basis()->Item(Variant(lohn->BasisID));
   Step(out, "base values", "Basis.Item(BasisID) = folder \"" + folder->Bezeichnung + "\"");
   auto table = folder->Zeittabellen()->GetZeittabelle(manager.GetZeitraum());

@@ -47,5 +47,8 @@ json::Value EmployerJson(const ormelix::clsMandant& employer);
 // Selects the employer with that ID (UsageError for one the store does not hold),
 // or the first by name when none is wanted; gives its ID.
 std::string SelectEmployer(ormelix::clsManager& manager, const std::optional<std::string>& wanted);
+// The ID of the current employer's employee named by ID or by Personalnummer;
+// UsageError for one the employer does not have.
+std::string FindEmployee(ormelix::clsManager& manager, const std::string& wanted);
 
 }  // namespace cli

@@ -8,6 +8,7 @@
 #include "ormelix/employer/mandant.h"
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
+#include "career_view.h"
 #include "show.h"
 #include "table.h"
 
@@ -29,7 +30,12 @@ const char* const kShowHelp =
     "                                      Standard folder or the named one, with all values\n"
     "  month --employee ID --period YYYYMM [--employer ID]\n"
     "                                      an employee's master data and pay month, with\n"
-    "                                      its wage-type lines, transfer and year data\n"
+    "                                      its wage-type lines, transfer and year data, the\n"
+    "                                      career step in force and the steps of the year\n"
+    "  career --employee ID --year YYYY [--employer ID]\n"
+    "                                      every step of an employee's career with its exit\n"
+    "                                      reason, the steps of the year and month by month\n"
+    "                                      the step in force, entry and suspension months\n"
     "  countries --period YYYYMM           the countries of the reference store with the\n"
     "                                      indicator in force for the period\n"
     "\n"
@@ -124,14 +130,16 @@ int Show(Arguments args) {
   bool as_json = args.TakeFlag("json");
   std::optional<std::string> what = args.TakePositional();
   if (!what)
-    throw UsageError("show needs WHAT: employers, employees, base, month or countries (see ormelix show --help)");
+    throw UsageError(
+        "show needs WHAT: employers, employees, base, month, career or countries (see ormelix show --help)");
   auto manager = OpenStores(where, /*read_only=*/true);
   if (*what == "employers") return ShowEmployers(*manager, args, as_json);
   if (*what == "employees") return ShowEmployees(*manager, args, as_json);
   if (*what == "base") return ShowBase(*manager, args, as_json);
   if (*what == "month") return ShowMonth(*manager, args, as_json);
+  if (*what == "career") return ShowCareer(*manager, args, as_json);
   if (*what == "countries") return ShowCountries(*manager, args, as_json);
-  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base, month or countries");
+  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base, month, career or countries");
 }
 
 }  // namespace cli

@@ -9,6 +9,7 @@
 #include "ormelix/employer/mandant.h"
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
+#include "career_view.h"
 #include "show.h"
 #include "show_lines.h"
 #include "table.h"
@@ -28,7 +29,8 @@ json::Value EmployeeJson(LLohn& lohn) {
   return e;
 }
 
-// The employee named by ID or by Personalnummer among the employer's employees.
+}  // namespace
+
 std::string FindEmployee(clsManager& manager, const std::string& wanted) {
   std::string employer = SqlID(manager.AktMandant()->ID());
   std::string sql = "SELECT [ID] FROM [Mitarbeiter] WHERE [MandantenID]=" + employer + " AND ";
@@ -46,6 +48,8 @@ std::string FindEmployee(clsManager& manager, const std::string& wanted) {
                      "; expected an ID or Personalnummer of: ormelix show employees --year YYYY");
   return ToText(rs->Fields("ID"));
 }
+
+namespace {
 
 bool HasPayRow(clsManager& manager, const std::string& employee, std::int32_t period) {
   auto rs = manager.AktDB()->Session().OpenRecordset("SELECT [ID] FROM [Mitarbeiter_Lohnzettel] WHERE [MitarbeiterID]=" +
@@ -118,6 +122,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
     json::Value& pay = doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
     pay.Set("stored", stored);
     AddLinesTransferYear(doc, *lohn, manager.AktMonat);
+    doc.Set("career", MonthCareerJson(*lohn->Laufbahn(), key));
     std::cout << doc.Dump();
     return 0;
   }
@@ -129,6 +134,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
   PrintPairs(std::cout, "Stammdaten (leere Felder ausgelassen; alle mit --json)",
              ColumnValues(modDatabase::MitarbeiterColumns(), *lohn), true);
   PrintPairs(std::cout, "Bankverbindung", ColumnValues(modDatabase::BankverbindungColumns(), *lohn), true);
+  PrintMonthCareer(std::cout, *lohn->Laufbahn(), key);
   PrintPairs(std::cout, "Lohnzettel " + std::to_string(key) + " (leere Felder ausgelassen; alle mit --json)",
              ColumnValues(modDatabase::LohnzettelColumns(), month), true);
   PrintLinesTransferYear(std::cout, *lohn, manager.AktJahr, manager.AktMonat);
