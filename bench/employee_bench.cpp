@@ -1,16 +1,18 @@
 // Loading the employee list against a hand-written raw sqlite3 loader doing the
 // same reads, in one run: 1,000 and 10,000 employees of one employer, each with 12
 // pay rows of the year, 3 career steps, a bank row, the year data and the 40
-// wage-type rows (8 groups of 5 lines) of one month.
+// wage-type rows (8 groups of 5 lines) of one month; a reference store beside it
+// holds the catalogue of exit reasons.
 //
 // The raw loader runs the statements the library runs (the employer's employees,
 // all career steps, the replacement benefits of the year; then per employee its
-// master row, its bank row, its wage-type rows, its pay rows, its transfers and its
-// year data), prepared once with sqlite3 and bound
-// per employee, and keeps every column of those rows in plain structs. It filters
-// the year with hash maps of its own. When later work adds tables to the employee
-// load (career, children, wage-type lines, transfers, year data, password,
-// replacement benefits, short-time), the raw loader must read them too.
+// career steps with their exit reasons looked up in the catalogue, which it reads
+// per employee as the library does, its master row, its bank row, its wage-type
+// rows, its pay rows, its transfers and its year data), prepared once with sqlite3
+// and bound per employee, and keeps every column of those rows in plain structs. It
+// filters the year with hash maps of its own. When later work adds tables to the
+// employee load (children, password, replacement benefits, short-time), the raw
+// loader must read them too.
 //
 // At the end the run prints the ratios: library / raw, 10,000 / 1,000, the first
 // load of a fresh session for both, and the heap bytes held per loaded LLohn
@@ -84,6 +86,8 @@ class Inserter {
       auto found = given.find(used_[i].name);
       if (found == given.end() && used_[i].name == "ID") {
         sqlite3_bind_text(stmt_, slot, ValueHelpers::NewID().c_str(), -1, SQLITE_TRANSIENT);
+      } else if (found != given.end() && found->second.IsNull()) {
+        sqlite3_bind_null(stmt_, slot);
       } else if (found != given.end() && found->second.IsText()) {
         sqlite3_bind_text(stmt_, slot, found->second.AsText().c_str(), -1, SQLITE_TRANSIENT);
       } else if (found != given.end()) {
@@ -108,14 +112,28 @@ class Inserter {
 
 struct Store {
   std::string path;
+  std::string reference;
   std::string employer;
 };
+
+constexpr int kReasons = 12;  // exit reasons in the catalogue, codes 0 to 11
+
+void MakeReferenceStore(const std::string& path) {
+  std::filesystem::remove(path);
+  auto db = CreateStore(path, StoreKind::Reference);
+  for (int code = 0; code < kReasons; ++code)
+    db->Session().ExecuteSql("INSERT INTO [DM_Austrittsgründe] ([Code], [Kürzel], [Grund]) VALUES (" +
+                             std::to_string(code) + ", 'G" + std::to_string(code) + "', 'Austrittsgrund " +
+                             std::to_string(code) + "')");
+}
 
 Store MakeStore(int employees) {
   Store store;
   store.path = (std::filesystem::temp_directory_path() / ("ormelix-employee-bench-" + std::to_string(employees) + ".db"))
                    .string();
   std::filesystem::remove(store.path);
+  store.reference = store.path + ".reference";
+  MakeReferenceStore(store.reference);
   {
     auto db = CreateStore(store.path, StoreKind::Payroll);
     auto rs = db->Session().OpenRecordset("SELECT * FROM [Mandanten]", adOpenDynamic, adLockOptimistic);
@@ -136,10 +154,13 @@ Store MakeStore(int employees) {
       master.Insert(e, {{"ID", Variant(id)}, {"MandantenID", Variant(store.employer)}, {"Personalnummer", e % 30000},
                         {"ForstarbeiterLand", -1}, {"Neuanlage", 0}, {"SortNr", e}});
       bank.Insert(e, {{"MitarbeiterID", Variant(id)}});
-      const int steps[3][2] = {{1, 2015}, {2, 2019}, {1, 2020}};  // entry, rest, entry again
+      // entry, rest, entry again; a reason on the rest (in the catalogue or not),
+      // none on the entries
+      const int steps[3][2] = {{1, 2015}, {2, 2019}, {1, 2020}};
       for (const auto& step : steps)
         career.Insert(e, {{"MitarbeiterID", Variant(id)}, {"Schritt", step[0]},
-                          {"Datum", DateHelpers::DateSerial(step[1], 3, 1)}, {"Grund", 0}});
+                          {"Datum", DateHelpers::DateSerial(step[1], 3, 1)},
+                          {"Grund", step[0] == 2 ? Variant(e % (kReasons + 2)) : Variant::NullValue()}});
       for (int month = 1; month <= 12; ++month)
         pay.Insert(e * 12 + month, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + month},
                                     {"FB_Tage", Variant("0315")}});
@@ -168,6 +189,7 @@ const Store& Data(int employees) {
 ManagerPtr Session(const Store& store) {
   auto manager = clsManager::Create();
   manager->SetAktDB(StoreConnection::Open(store.path));
+  manager->SetImportDB(StoreConnection::Open(store.reference));
   manager->AktJahr = kYear;
   manager->AktMonat = 3;
   manager->ChangeAktMandant(store.employer);
@@ -196,9 +218,25 @@ struct RawRow {
   std::vector<std::string> texts;
 };
 
+struct RawReason {
+  double code = 0;
+  std::string kuerzel;
+  std::string text;
+};
+
+// A career row with its reason from the catalogue (code -1 when there is none).
+struct RawStep {
+  RawRow row;
+  int reason_index = 0;
+  int reason_code = -1;
+  std::string reason_kuerzel;
+  std::string reason_text;
+};
+
 struct RawEmployee {
   std::string id;
   int index = 0;
+  std::vector<RawStep> career;
   RawRow master;
   RawRow bank;
   std::vector<RawRow> lines;  // the wage-type rows of the year
@@ -238,7 +276,34 @@ struct Step {
   double datum;
 };
 
-std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
+// The employee's career rows by date, each with its reason looked up in the
+// catalogue, which is read anew per employee as the library does.
+void RawCareer(Statement& steps, Statement& reasons, const std::string& id, RawEmployee& employee) {
+  std::vector<RawReason> catalogue;
+  sqlite3_reset(reasons.get());
+  while (sqlite3_step(reasons.get()) == SQLITE_ROW)
+    catalogue.push_back({sqlite3_column_double(reasons.get(), 0),
+                         reinterpret_cast<const char*>(sqlite3_column_text(reasons.get(), 1)),
+                         reinterpret_cast<const char*>(sqlite3_column_text(reasons.get(), 2))});
+  steps.Bind(id);
+  const int grund = 5;  // Nr, ID, MitarbeiterID, Schritt, Datum, Grund
+  while (sqlite3_step(steps.get()) == SQLITE_ROW) {
+    RawStep& step = employee.career.emplace_back();
+    ReadRow(steps.get(), step.row);
+    if (sqlite3_column_type(steps.get(), grund) == SQLITE_NULL) continue;
+    const double code = sqlite3_column_double(steps.get(), grund);
+    for (const RawReason& reason : catalogue) {
+      if (reason.code != code) continue;
+      step.reason_code = static_cast<int>(code);
+      step.reason_index = step.reason_code + 1;
+      step.reason_kuerzel = reason.kuerzel;
+      step.reason_text = reason.text;
+      break;
+    }
+  }
+}
+
+std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::string& employer) {
   Statement employees(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"MandantenID\"=? ORDER BY \"Personalnummer\" ASC");
   Statement career(db, "SELECT * FROM \"Mitarbeiter_Laufbahn\" ORDER BY \"Datum\" DESC, \"Nr\" DESC");
   Statement replacements(db,
@@ -246,6 +311,9 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
                          "\"Mitarbeiter_Lohnzettel\" INNER JOIN \"Mitarbeiter_Lohnzettel_EL\" ON "
                          "\"Mitarbeiter_Lohnzettel\".\"ID\"=\"Mitarbeiter_Lohnzettel_EL\".\"LohnzettelID\" WHERE "
                          "\"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\">=? AND \"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\"<=?");
+  Statement steps(db,
+                  "SELECT * FROM \"Mitarbeiter_Laufbahn\" WHERE \"MitarbeiterID\"=? ORDER BY \"Datum\" ASC, \"Nr\" ASC");
+  Statement reasons(reference, "SELECT * FROM \"DM_Austrittsgründe\"");
   Statement master(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=?");
   Statement bank(db, "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=?");
   Statement lines(db, "SELECT * FROM \"Mitarbeiter_Lohnarten\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\", \"SortNr\"");
@@ -284,6 +352,7 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
     RawEmployee& employee = result.emplace_back();
     employee.id = id;
     employee.index = static_cast<int>(result.size());
+    RawCareer(steps, reasons, id, employee);
     master.Bind(id);
     if (sqlite3_step(master.get()) == SQLITE_ROW) ReadRow(master.get(), employee.master);
     bank.Bind(id);
@@ -316,13 +385,16 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, const std::string& employer) {
 void Raw_MitarbeiterLoad(benchmark::State& state) {
   const Store& store = Data(static_cast<int>(state.range(0)));
   sqlite3* db = nullptr;
+  sqlite3* reference = nullptr;
   sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  benchmark::DoNotOptimize(RawLoad(db, store.employer).size());
+  sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
   for (auto _ : state) {
-    auto employees = RawLoad(db, store.employer);
+    auto employees = RawLoad(db, reference, store.employer);
     if (static_cast<long>(employees.size()) != state.range(0)) state.SkipWithError("not every employee was loaded");
     benchmark::DoNotOptimize(employees.data());
   }
+  sqlite3_close(reference);
   sqlite3_close(db);
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
@@ -379,8 +451,11 @@ void ReportFirstLoad(int employees) {
   start = std::chrono::steady_clock::now();
   {
     sqlite3* db = nullptr;
+    sqlite3* reference = nullptr;
     sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    benchmark::DoNotOptimize(RawLoad(db, store.employer).size());
+    sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
+    sqlite3_close(reference);
     sqlite3_close(db);
   }
   double raw = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
