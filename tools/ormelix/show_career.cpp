@@ -193,7 +193,8 @@ int ShowCareer(clsManager& manager, Arguments& args, bool as_json) {
     return 0;
   }
   std::cout << a.FName << " " << a.VName << " (Personalnummer " << a.Personalnummer << ", " << id << ")\n";
-  std::cout << manager.AktMandant()->Name << ", Laufbahn mit " << career.Count() << " Schritten\n\n";
+  std::cout << manager.AktMandant()->Name << ", Laufbahn mit " << career.Count()
+            << (career.Count() == 1 ? " Schritt\n\n" : " Schritten\n\n");
   PrintSteps(std::cout, career);
   std::cout << "\nSchritte des Jahres " << year << " (LaufbahnschritteImZeitraum " << year << "01 bis " << year
             << "12, mit Beitragskonten): " << StepsSummary(StepsOfYear(career, year).get()) << "\n\n";
