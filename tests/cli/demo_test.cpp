@@ -185,7 +185,7 @@ TEST_F(DemoTest, CareersAsTheHostWroteThemAndWhatTheQueriesAnswer) {
   EXPECT_EQ(huber["Laufbahn"][1]["Anmerkung"].AsString(), "Mutterschutz und Karenz");
   JsonValue apprentice = Show({"career", "--employee", "1003", "--year", "2025"});
   EXPECT_TRUE(apprentice["Laufbahn"][0]["BefristetBeschäftigt"].AsBool());
-  EXPECT_EQ(apprentice["Laufbahn"][0]["BefristetBis"].AsString(), "2026-08-31");
+  EXPECT_EQ(apprentice["Laufbahn"][0]["BefristetBis"].AsString(), "2025-03-14");  // three years from 2022-03-15
 
   JsonValue month = Show({"month", "--employee", "1005", "--period", "202412"});
   EXPECT_EQ(month["career"]["Laufbahnschritt"]["GrundText"].AsString(), "Zeitablauf bei Befristung");

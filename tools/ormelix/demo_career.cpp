@@ -50,8 +50,10 @@ std::vector<StepRow> CareerOf(const demo::Person& p) {
       return {{eLBEintritt, p.entry, "Eintritt", 0, 0, gross},
               {eLBAustritt, DateSerial(2023, 10, 31), "Ende der Saison", kKuendigungDienstnehmer},
               {eLBEintritt, DateSerial(2024, 1, 1), "Wiedereintritt", 0, 0, gross}};
-    case 1003:  // an apprenticeship: fixed-term from the start
-      return {{eLBEintritt, p.entry, "Lehrverhältnis, drei Jahre", 0, DateSerial(2026, 8, 31), 950}};
+    case 1003:  // an apprenticeship of three years: fixed-term from the start
+      return {{eLBEintritt, p.entry, "Lehrverhältnis, drei Jahre", 0,
+               DateSerial(DateHelpers::Year(p.entry) + 3, DateHelpers::Month(p.entry), DateHelpers::Day(p.entry) - 1),
+               p.pay2024}};
     case 1005:  // a fixed-term season, then a new employment without end
       return {{eLBEintritt, p.entry, "befristet für die Saison", 0, DateSerial(2024, 12, 31), gross},
               {eLBAustritt, DateSerial(2024, 12, 31), "Ende der Befristung", kZeitablauf},
