@@ -7,8 +7,8 @@
 namespace ormelix {
 
 // Lower case for comparisons without regard to case: ASCII letters and the
-// Latin-1 letters of UTF-8 text (Ä Ö Ü and the other accented capitals) fold;
-// everything else stays as it is.
+// letters of Latin-1 and Latin Extended-A in UTF-8 text (Ä Ö Ü, É, Č Ł Ő and
+// the like) fold; everything else stays as it is.
 std::string FoldCase(std::string_view text);
 // The same towards upper case (ä to Ä, ß stays).
 std::string UpperCase(std::string_view text);

@@ -49,6 +49,10 @@ struct QueryResult {
   std::vector<Variant> cells;  // row-major, layout->Size() per row
 };
 
+// The layout version of an SQLite store, kept in its user_version: 0 for a store
+// made before text columns declared the store's text order, 1 since.
+inline constexpr int kSqliteStoreVersion = 1;
+
 // The column every writable table carries to tell its rows apart.
 inline constexpr const char* kRowKeyColumn = "Nr";
 

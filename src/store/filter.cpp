@@ -3,6 +3,7 @@
 #include <cctype>
 
 #include "ormelix/error.h"
+#include "ormelix/store/text_order.h"
 #include "sql_dialect.h"
 
 namespace ormelix::detail {
@@ -227,7 +228,7 @@ bool CompareCell(const Variant& cell, CompareOp op, const Variant& literal) {
     if (cell.TryNumber(a) && literal.TryNumber(b)) return Holds(a < b ? -1 : (a > b ? 1 : 0), op);
     return op == CompareOp::Ne;
   }
-  int order = cell.AsText().compare(literal.AsText());
+  int order = CompareText(cell.AsText(), literal.AsText());
   return Holds(order < 0 ? -1 : (order > 0 ? 1 : 0), op);
 }
 

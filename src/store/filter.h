@@ -32,7 +32,8 @@ FilterNode ParseFilter(std::string_view criteria, const std::function<int(std::s
 bool Evaluate(const FilterNode& node, const Variant* row);
 
 // The comparison of a cell with a literal, as the filter sees it: numbers compare
-// as numbers (numeric text included), texts as texts, Null matches only =NULL.
+// as numbers (numeric text included), texts in the store's text order (without
+// regard to case, umlauts included), Null matches only =NULL.
 bool CompareCell(const Variant& cell, CompareOp op, const Variant& literal);
 
 }  // namespace ormelix::detail

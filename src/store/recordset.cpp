@@ -7,6 +7,7 @@
 #include "backend.h"
 #include "filter.h"
 #include "ormelix/error.h"
+#include "ormelix/store/text_order.h"
 #include "ormelix/text.h"
 
 namespace ormelix {
@@ -20,12 +21,13 @@ namespace {
 using RowList = std::vector<std::uint32_t>;
 
 // Rows of one column by value, so that an equality term of a filter costs a hash
-// lookup instead of a scan. Lists are ascending, as rows are indexed in order.
+// lookup instead of a scan. Texts are keyed in the store's text order, as the
+// filter compares them ('ÄRZTE' finds 'ärzte'). Lists are ascending, as rows are indexed in order.
 // Text keys view the cells' own text, which stays in place while the cells vector
 // grows; a column whose cells are rewritten loses its index first.
 struct ColumnIndex {
   std::unordered_map<double, RowList> by_number;            // cells that are numbers
-  std::unordered_map<std::string_view, RowList> by_text;    // cells that are texts
+  std::unordered_map<std::string_view, RowList, TextHash, TextEqual> by_text;  // cells that are texts
   std::unordered_map<double, RowList> by_number_text;       // texts that read as numbers
 
   void Add(const Variant& cell, std::uint32_t row) {

@@ -5,6 +5,7 @@
 
 #include "ormelix/error.h"
 #include "ormelix/store/date_helpers.h"
+#include "ormelix/store/text_order.h"
 #include "ormelix/text.h"
 
 namespace ormelix::detail {
@@ -144,6 +145,35 @@ struct Emitter {
   }
 };
 
+// Finds the closing parenthesis of each LCASE(...) and UCASE(...) call and puts
+// the store's text order after it.
+class CaseCalls {
+ public:
+  explicit CaseCalls(bool active) : active_(active) {}
+
+  void Word(const std::string& upper) { called_ = active_ && (upper == "LCASE" || upper == "UCASE"); }
+
+  void Symbol(std::string_view symbol, std::string& out) {
+    if (symbol == "(") {
+      ++depth_;
+      if (called_) calls_.push_back(depth_);
+    } else if (symbol == ")") {
+      if (!calls_.empty() && calls_.back() == depth_) {
+        out += std::string(" COLLATE ") + kTextCollation;
+        calls_.pop_back();
+      }
+      --depth_;
+    }
+    called_ = false;
+  }
+
+ private:
+  bool active_;
+  bool called_ = false;
+  int depth_ = 0;
+  std::vector<int> calls_;  // depths of the open calls
+};
+
 }  // namespace
 
 std::string QuoteIdentifier(std::string_view name) {
@@ -228,6 +258,11 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
     }
   };
 
+  // On SQLite the result of LCASE and UCASE is a plain text without the columns'
+  // text order; the order is put back after the call, so that LCASE(a)=LCASE(b)
+  // compares as a=b does (and as PostgreSQL's lower() does, which keeps it).
+  CaseCalls case_calls{dialect == SqlDialect::Sqlite};
+
   const Token* previous = nullptr;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
@@ -308,8 +343,11 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         break;
       case Tok::Symbol:
         emit.out += token.text;
+        case_calls.Symbol(token.text, emit.out);
         break;
     }
+    if (token.type == Tok::Word) case_calls.Word(AsciiUpper(token.text));
+    else if (token.type != Tok::Space && token.type != Tok::Symbol) case_calls.Word("");
     if (token.type != Tok::Space) previous = &token;
   }
 

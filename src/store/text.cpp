@@ -4,8 +4,33 @@ namespace ormelix {
 
 namespace {
 
-// In UTF-8 the Latin-1 capitals U+00C0..U+00DE are 0xC3 0x80..0x9E and their small
-// letters U+00E0..U+00FE are 0xC3 0xA0..0xBE; U+00D7 and U+00F7 are signs.
+// Case pairs of Latin-1 and Latin Extended-A (U+00C0..U+017F): capitals at
+// U+00C0..U+00DE beside small letters 0x20 above, and in Extended-A pairs of
+// neighbouring code points (capital first, on even or odd points by range). ß,
+// ı, İ, ĸ, ŉ and ſ stay as they are: their other case is no single letter of the
+// same length here.
+char32_t LowerOf(char32_t c) {
+  if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return c + 0x20;
+  if (c == 0x178) return 0xFF;
+  bool even = c % 2 == 0;
+  if ((c >= 0x100 && c <= 0x137 && even && c != 0x130) || (c >= 0x139 && c <= 0x148 && !even) ||
+      (c >= 0x14A && c <= 0x177 && even) || (c >= 0x179 && c <= 0x17E && !even))
+    return c + 1;
+  return c;
+}
+
+char32_t UpperOf(char32_t c) {
+  if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 0x20;
+  if (c == 0xFF) return 0x178;
+  bool even = c % 2 == 0;
+  if ((c >= 0x101 && c <= 0x137 && !even && c != 0x131) || (c >= 0x13A && c <= 0x148 && even) ||
+      (c >= 0x14B && c <= 0x177 && !even) || (c >= 0x17A && c <= 0x17E && even))
+    return c - 1;
+  return c;
+}
+
+// Every letter concerned is two bytes in UTF-8 (0xC3..0xC5 and one more), and so
+// is its other case: the text keeps its length.
 template <bool ToLower>
 std::string Fold(std::string_view text) {
   std::string out(text);
@@ -14,10 +39,11 @@ std::string Fold(std::string_view text) {
     if (c < 0x80) {
       if (ToLower && c >= 'A' && c <= 'Z') out[i] = static_cast<char>(c + 32);
       if (!ToLower && c >= 'a' && c <= 'z') out[i] = static_cast<char>(c - 32);
-    } else if (c == 0xC3 && i + 1 < out.size()) {
-      unsigned char d = static_cast<unsigned char>(out[i + 1]);
-      if (ToLower && d >= 0x80 && d <= 0x9E && d != 0x97) out[i + 1] = static_cast<char>(d + 0x20);
-      if (!ToLower && d >= 0xA0 && d <= 0xBE && d != 0xB7) out[i + 1] = static_cast<char>(d - 0x20);
+    } else if (c >= 0xC3 && c <= 0xC5 && i + 1 < out.size() && (static_cast<unsigned char>(out[i + 1]) & 0xC0) == 0x80) {
+      char32_t code = (static_cast<char32_t>(c & 0x1F) << 6) | (static_cast<unsigned char>(out[i + 1]) & 0x3F);
+      char32_t folded = ToLower ? LowerOf(code) : UpperOf(code);
+      out[i] = static_cast<char>(0xC0 | (folded >> 6));
+      out[i + 1] = static_cast<char>(0x80 | (folded & 0x3F));
       ++i;
     }
   }

@@ -1,5 +1,6 @@
 // The SQLite backend: one connection, prepared statements cached by their text,
-// booleans stored as -1/0, LCASE/UCASE registered so that umlauts fold.
+// booleans stored as -1/0, the text order and LCASE/UCASE registered on every
+// connection (text columns declare the order; LCASE and UCASE fold umlauts).
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -11,6 +12,8 @@
 
 #include "../backend.h"
 #include "handles.h"
+#include "ormelix/store/sqlite_text.h"
+#include "upgrade.h"
 #include "ormelix/error.h"
 #include "ormelix/text.h"
 
@@ -36,19 +39,6 @@ Affinity AffinityOf(const char* declared) {
   if (has("REAL") || has("FLOA") || has("DOUB")) return Affinity::Real;
   return Affinity::Integer;
 }
-
-void FoldFunction(sqlite3_context* context, int, sqlite3_value** args, bool lower) {
-  if (sqlite3_value_type(args[0]) == SQLITE_NULL) {
-    sqlite3_result_null(context);
-    return;
-  }
-  const char* text = reinterpret_cast<const char*>(sqlite3_value_text(args[0]));
-  std::string folded = lower ? FoldCase(text ? text : "") : UpperCase(text ? text : "");
-  sqlite3_result_text(context, folded.c_str(), static_cast<int>(folded.size()), SQLITE_TRANSIENT);
-}
-
-void LcaseFunction(sqlite3_context* c, int n, sqlite3_value** a) { FoldFunction(c, n, a, true); }
-void UcaseFunction(sqlite3_context* c, int n, sqlite3_value** a) { FoldFunction(c, n, a, false); }
 
 class SqliteBackend final : public Backend {
  public:
@@ -86,10 +76,8 @@ class SqliteBackend final : public Backend {
       throw StoreError("cannot open store", path, message, rc);
     }
     if (!create) sqlite3_exec(db.get(), "PRAGMA synchronous=NORMAL;", nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db.get(), "LCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LcaseFunction,
-                               nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db.get(), "UCASE", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, UcaseFunction,
-                               nullptr, nullptr, nullptr);
+    RegisterSqliteText(db.get());
+    if (!create && !memory) db = sqlite::OpenUpToDate(std::move(db), options.read_only, path);
     db_ = std::move(db);
     path_ = memory ? path : std::filesystem::absolute(path).string();
     connect_ = connect;
