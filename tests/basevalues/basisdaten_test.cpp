@@ -41,6 +41,20 @@ TEST_F(BasisdatenTest, LoadPutsTheStandardFolderFirstOrdinaryOnesByNameAndRestor
   EXPECT_EQ(test::CountRows(db, "Basiswerte"), 4);
 }
 
+TEST_F(BasisdatenTest, FolderNamesSortWithoutRegardToCaseUmlautsWithTheirLetter) {
+  for (const char* name : {"beta", "Alpha", "alpine", "Gamma"}) AddFolder(name);
+  Basis().Load();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Alpha", "alpine", "beta", "Gamma"}));
+  // The same order decides where a new or copied folder goes.
+  Basis().AddNew("ärzte");
+  Basis().AddNew("Äbte");
+  Basis().Copy(Basis().Item("GAMMA"), "gamma alt");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Äbte", "Alpha", "alpine", "ärzte", "beta", "Gamma", "gamma alt"}));
+  Basis().Load();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Äbte", "Alpha", "alpine", "ärzte", "beta", "Gamma", "gamma alt"}));
+  EXPECT_EQ(Basis().Item("ÄRZTE")->Bezeichnung, "ärzte");
+}
+
 TEST_F(BasisdatenTest, ItemFindsByPositionIDOrNameWithoutRegardToCase) {
   std::string id = AddFolder("Österreich");
   AddFolder("Bau");

@@ -95,6 +95,22 @@ TEST_F(MitarbeiterListTest, SortOrdersAndTheIndexFollowingThem) {
   EXPECT_EQ(List().Item(Variant(2))->Mitarbeiter()->VName, "Max");
 }
 
+TEST_F(MitarbeiterListTest, ByNameIgnoresCaseAndSortsUmlautsWithTheirLetter) {
+  struct Person {
+    const char* family;
+    const char* first;
+  } const people[] = {{"müller", "Bernd"}, {"MÜLLER", "anna"}, {"Müller", "Carl"}, {"Muller", "Zoe"},
+                      {"mayer", "Eva"},    {"Maier", "Udo"},   {"Ölz", "Ida"},    {"Obermayr", "Jan"}};
+  for (const Person& p : people)
+    test::AddRow(db, "Mitarbeiter",
+                 {{"MandantenID", employer}, {"Familienname", p.family}, {"VorName", p.first}, {"Neuanlage", true}});
+  List().Load(2024, lcName);
+  std::string order;
+  for (const auto& lohn : List()) order += lohn->Mitarbeiter()->FName + "/" + lohn->Mitarbeiter()->VName + " ";
+  // Names that differ only in case are one name, ordered by the first name.
+  EXPECT_EQ(order, "Maier/Udo mayer/Eva Muller/Zoe MÜLLER/anna müller/Bernd Müller/Carl Obermayr/Jan Ölz/Ida ");
+}
+
 TEST_F(MitarbeiterListTest, EachLoadedEmployeeCarriesItsMasterBankAndPayData) {
   const std::string id = AddEmployee("Voll", 17);
   test::AddRow(db, "Mitarbeiter_Bankverbindung", {{"MitarbeiterID", id}, {"IBAN", "AT02"}});
