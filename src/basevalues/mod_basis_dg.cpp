@@ -21,22 +21,29 @@ namespace {
 constexpr const char* kHead = "Basiswerte_Zeittabelle_DG";
 constexpr const char* kValues = "Basiswerte_Zeittabelle_DG_Werte";
 
-// The cell of one kind of contribution for the row's group and length.
+// The cell of one kind of contribution for the row's group and length, named
+// after the kind (SV_Laufend, DZBL(eBasisWien)).
 template <const LBasis_DG::Wert& (LBasis_DG::*Kind)() const>
-PropertyRef Cell(DGRow& r) {
+PropertyRef CellGet(DGRow& r) {
   return &((*r.dg).*Kind)()->Wert(r.group, r.index);
 }
+template <const LBasis_DG::Wert& (LBasis_DG::*Kind)() const>
+constexpr Property<DGRow> Cell{&CellGet<Kind>, kMemberName<Kind>};
 
-template <int Province>
-PropertyRef DZBLCell(DGRow& r) {
+template <eBasisBundesländer Province>
+PropertyRef DZBLCellGet(DGRow& r) {
   return &r.dg->DZBL(Province)->Wert(r.group, r.index);
 }
+template <eBasisBundesländer Province>
+constexpr Property<DGRow> DZBLCell{&DZBLCellGet<Province>, kIndexedName<&LBasis_DG::DZBL, Province>};
 
 // The crooked write: group 23 takes its reduced rate from group 19.
-PropertyRef CrookedFALASTLGV(DGRow& r) {
-  return &r.dg->FALASTLGV()->Wert(r.group == eBasisdgLehrlingForstArbeiter5 ? eBasisdgLehrlingForstArbeiter1 : r.group,
-                                  r.index);
-}
+constexpr Property<DGRow> CrookedFALASTLGV{
+    [](DGRow& r) -> PropertyRef {
+      return &r.dg->FALASTLGV()->Wert(
+          r.group == eBasisdgLehrlingForstArbeiter5 ? eBasisdgLehrlingForstArbeiter1 : r.group, r.index);
+    },
+    kMemberName<&LBasis_DG::FALASTLGV>};
 
 std::string ValuesOf(const std::string& dg_id) {
   return std::string("SELECT * FROM [") + kValues + "] WHERE [DGID]=" + SqlID(dg_id);

@@ -20,24 +20,33 @@ constexpr const char* kHead = "Basiswerte_Zeittabelle_DG_Geringfügig";
 constexpr const char* kAllValues = "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig_Werte]";
 constexpr int kGroups[] = {eBasisDGGeringfügigAngestellte, eBasisdgGeringfügigArbeiter};
 
-// The cell of one kind of contribution for the row's group.
+// The cell of one kind of contribution for the row's group, named after the kind.
 template <const LBasis_DG_GF::Wert& (LBasis_DG_GF::*Kind)() const>
-PropertyRef Cell(DGMRow& r) {
+PropertyRef CellGet(DGMRow& r) {
   LBasis_DG_GF_Wert& wert = *((*r.dgm).*Kind)();
   return r.group == eBasisDGGeringfügigAngestellte ? &wert.Angestellte : &wert.Arbeiter;
 }
+template <const LBasis_DG_GF::Wert& (LBasis_DG_GF::*Kind)() const>
+constexpr Property<DGMRow> Cell{&CellGet<Kind>, kMemberName<Kind>};
 
 detail::GroupRow ValueRow(const std::string& dg_id, int group) { return {"DGID", dg_id, "DNGruppe", group}; }
 
 }  // namespace
 
+// Named as the dated table (LBasis) reaches them: the row fills SA and DGM.
 const ColumnSet<DGMHead>& DGMColumns() {
   static const ColumnSet<DGMHead> columns{
-      {"Prozent", [](DGMHead& h) -> PropertyRef { return &h.sa->GrenzbetragGeringBeschaeftigte()->Prozent; },
+      {"Prozent", Named<DGMHead>("SA.GrenzbetragGeringBeschaeftigte.Prozent", [](DGMHead& h) -> PropertyRef {
+         return &h.sa->GrenzbetragGeringBeschaeftigte()->Prozent;
+       }),
        LoadAs::Round2, SaveAs::Direct},
-      {"Grenzbetrag", [](DGMHead& h) -> PropertyRef { return &h.sa->GrenzbetragGeringBeschaeftigte()->Obergrenze; },
+      {"Grenzbetrag", Named<DGMHead>("SA.GrenzbetragGeringBeschaeftigte.Obergrenze", [](DGMHead& h) -> PropertyRef {
+         return &h.sa->GrenzbetragGeringBeschaeftigte()->Obergrenze;
+       }),
        LoadAs::Round2, SaveAs::Direct},
-      {"Lohnsumme", [](DGMHead& h) -> PropertyRef { return &h.dgm->GrenzbetragMinderBeschaeftigte; },
+      {"Lohnsumme", Named<DGMHead>("DGM.GrenzbetragMinderBeschaeftigte", [](DGMHead& h) -> PropertyRef {
+         return &h.dgm->GrenzbetragMinderBeschaeftigte;
+       }),
        LoadAs::Round2, SaveAs::Direct},
   };
   return columns;

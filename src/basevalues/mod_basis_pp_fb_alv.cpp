@@ -32,10 +32,14 @@ int CheckedBand(int sortnr, const std::string& zeittabellen_id) {
 
 const ColumnSet<PPRow>& PPColumns() {
   static const ColumnSet<PPRow> columns{
-      {"Von", [](PPRow& r) -> PropertyRef { return &r.pp->Von[r.index]; }, LoadAs::Round2, SaveAs::Direct},
-      {"Bis", [](PPRow& r) -> PropertyRef { return &r.pp->Bis[r.index]; }, LoadAs::Round2, SaveAs::Direct},
-      {"klein", [](PPRow& r) -> PropertyRef { return &r.pp->klein[r.index]; }, LoadAs::Round2, SaveAs::Direct},
-      {"gross", [](PPRow& r) -> PropertyRef { return &r.pp->gross[r.index]; }, LoadAs::Round2, SaveAs::Direct},
+      {"Von", Named<PPRow>("Von", [](PPRow& r) -> PropertyRef { return &r.pp->Von[r.index]; }), LoadAs::Round2,
+       SaveAs::Direct},
+      {"Bis", Named<PPRow>("Bis", [](PPRow& r) -> PropertyRef { return &r.pp->Bis[r.index]; }), LoadAs::Round2,
+       SaveAs::Direct},
+      {"klein", Named<PPRow>("klein", [](PPRow& r) -> PropertyRef { return &r.pp->klein[r.index]; }), LoadAs::Round2,
+       SaveAs::Direct},
+      {"gross", Named<PPRow>("gross", [](PPRow& r) -> PropertyRef { return &r.pp->gross[r.index]; }), LoadAs::Round2,
+       SaveAs::Direct},
   };
   return columns;
 }

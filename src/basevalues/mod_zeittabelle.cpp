@@ -41,7 +41,8 @@ void SaveSubObjects(clsManager& manager, LBasis& table, const std::string& id) {
 
 const ColumnSet<LBasis>& ZeittabelleColumns() {
   static const ColumnSet<LBasis> columns{
-      {"Datum", [](LBasis& t) -> PropertyRef { return &t.Zeitraum()->Item; }, LoadAs::Long, SaveAs::Direct},
+      {"Datum", Named<LBasis>("Zeitraum.Item", [](LBasis& t) -> PropertyRef { return &t.Zeitraum()->Item; }),
+       LoadAs::Long, SaveAs::Direct},
       {"Bezeichnung", Member<&LBasis::Bezeichnung>, LoadAs::Text, SaveAs::Direct},
   };
   return columns;

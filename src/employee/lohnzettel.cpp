@@ -16,23 +16,30 @@ using namespace ValueHelpers;
 using L = LLohn;
 using Columns = ColumnSet<LohnzettelMonth>;
 
-// Property X(month) of LLohn.
+// Property X(month) of LLohn, named X.
 template <auto M>
-PropertyRef Month(LohnzettelMonth& row) {
+PropertyRef MonthGet(LohnzettelMonth& row) {
   return &((row.lohn->*M)(row.month));
 }
-
-// A month array of the personal data (LLohn_Arbeiter).
 template <auto M>
-PropertyRef Arbeiter(LohnzettelMonth& row) {
+constexpr Property<LohnzettelMonth> Month{&MonthGet<M>, kMemberName<M>};
+
+// A month array of the personal data (LLohn_Arbeiter), named Mitarbeiter.X.
+template <auto M>
+PropertyRef ArbeiterGet(LohnzettelMonth& row) {
   return &((*row.lohn->Mitarbeiter()).*M)(row.month);
 }
+template <auto M>
+constexpr Property<LohnzettelMonth> Arbeiter{&ArbeiterGet<M>, kMemberPath<&LLohn::Mitarbeiter, M>};
 
-// A property of the monthly child of this month (Sechstel, FB_Fallweise, PendlerAR).
+// A property of the monthly child of this month (Sechstel, FB_Fallweise,
+// PendlerAR), named Kind.X.
 template <auto Kind, auto M>
-PropertyRef Child(LohnzettelMonth& row) {
+PropertyRef ChildGet(LohnzettelMonth& row) {
   return &((*(row.lohn->*Kind)(row.month)).*M);
 }
+template <auto Kind, auto M>
+constexpr Property<LohnzettelMonth> Child{&ChildGet<Kind, M>, kMemberPath<Kind, M>};
 
 // FB_Tage holds the days of casual employment as two-digit day numbers in
 // ascending order, with no separator: days 3, 14 and 28 are "031428". The number of
@@ -196,7 +203,7 @@ const ColumnSet<LohnzettelMonth>& LohnzettelColumns() {
       {"AbfertigungNeu_Basis_Eingabe", Month<&L::AbfertigungNeu_Basis_Eingabe>, LoadAs::Flag, SaveAs::Flag},
       {"FB_FallweiseBeschäftigt", Child<&LLohn::FB_Fallweise, &LLohn_Fallweise::FallweiseBeschäftigt>, LoadAs::Flag, SaveAs::Direct},
       {"FB_körperlicheTätigkeit", Child<&LLohn::FB_Fallweise, &LLohn_Fallweise::körperlicheTätigkeit>, LoadAs::Flag, SaveAs::Direct},
-      Columns::Custom("FB_Tage", &LoadFBTage, &SaveFBTage),
+      Columns::Custom("FB_Tage", &LoadFBTage, &SaveFBTage, "FB_Fallweise.Tage"),
       {"Gewerkschaft_Basis_Eingabe", Month<&L::Gewerkschaft_Basis_Eingabe>, LoadAs::Flag, SaveAs::Flag},
       {"Betriebsrat_Basis_Eingabe", Month<&L::Betriebsrat_Basis_Eingabe>, LoadAs::Flag, SaveAs::Flag},
       {"SV_Laufend_Basis2", Month<&L::SV_Laufend_Basis2>, LoadAs::Amount, SaveAs::Round2},

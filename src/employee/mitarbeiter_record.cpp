@@ -14,11 +14,13 @@ namespace {
 using namespace ValueHelpers;
 using Columns = ColumnSet<LLohn>;
 
-// A property of the personal data (LLohn_Arbeiter).
+// A property of the personal data (LLohn_Arbeiter), named Mitarbeiter.X.
 template <auto M>
-PropertyRef Arbeiter(LLohn& lohn) {
+PropertyRef ArbeiterGet(LLohn& lohn) {
   return &((*lohn.Mitarbeiter()).*M);
 }
+template <auto M>
+constexpr Property<LLohn> Arbeiter{&ArbeiterGet<M>, kMemberPath<&LLohn::Mitarbeiter, M>};
 
 // ForstarbeiterLandWF counts only for a forest worker of the Land: without
 // op_ForstarbeiterLand it reads as 0 whatever the column holds (and the next save

@@ -54,12 +54,12 @@ TEST_F(DemoTest, TheDemoBuildsItsStoresAndWalksAMonth) {
   EXPECT_TRUE(demo_->err.empty()) << demo_->err;  // no progress lines when not on a terminal
 }
 
-double Group(const JsonValue& base, const char* group, const char* column) {
-  return base["SA"]["groups"][group][column].AsNumber();
+double Group(const JsonValue& base, const char* group, const char* property) {
+  return base["table"]["SA"][group][property].AsNumber();
 }
 
 const JsonValue& DGRow(const JsonValue& base, const std::string& group) {
-  for (const JsonValue& row : base["DG"]["rows"].AsArray())
+  for (const JsonValue& row : base["table"]["DG"]["Wert"].AsArray())
     if (row["Gruppe"].AsString() == group) return row;
   throw std::out_of_range("no DG row " + group);
 }
@@ -67,28 +67,28 @@ const JsonValue& DGRow(const JsonValue& base, const std::string& group) {
 TEST_F(DemoTest, BaseValuesOf2025AreThePublishedOnes) {
   JsonValue base = Show({"base", "--period", "202503"});
   EXPECT_EQ(base["folder"]["Bezeichnung"].AsString(), "Standard");
-  EXPECT_EQ(base["table"]["Datum"].AsNumber(), 202501);
-  EXPECT_FALSE(base["table"]["fallback"].AsBool());
-  EXPECT_DOUBLE_EQ(Group(base, "Krankenversicherung", "Prozent_DN"), 3.87);
+  EXPECT_EQ(base["table"]["Zeitraum"]["Item"].AsNumber(), 202501);
+  EXPECT_FALSE(base["fallback"].AsBool());
+  EXPECT_DOUBLE_EQ(Group(base, "Krankenversicherung", "Prozent"), 3.87);
   EXPECT_DOUBLE_EQ(Group(base, "Krankenversicherung", "Prozent_DG"), 3.78);
-  EXPECT_DOUBLE_EQ(Group(base, "Pensionsversicherung", "Prozent_DN"), 10.25);
+  EXPECT_DOUBLE_EQ(Group(base, "Pensionsversicherung", "Prozent"), 10.25);
   EXPECT_DOUBLE_EQ(Group(base, "Pensionsversicherung", "Prozent_DG"), 12.55);
-  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Prozent_DN"), 2.95);
+  EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Prozent"), 2.95);
   EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Obergrenze"), 6450.00);
   EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Sonderzahlung"), 12900.00);
   EXPECT_DOUBLE_EQ(Group(base, "Unfallversicherung", "Prozent_DG"), 1.10);
   EXPECT_DOUBLE_EQ(Group(base, "IESGZuschlag", "Prozent_DG"), 0.10);
-  EXPECT_DOUBLE_EQ(Group(base, "Kammerumlage", "Prozent_DN"), 0.50);
+  EXPECT_DOUBLE_EQ(Group(base, "Kammerumlage", "Prozent"), 0.50);
   EXPECT_DOUBLE_EQ(Group(base, "Wohnbaufoederung", "Prozent_DG"), 0.50);
-  EXPECT_DOUBLE_EQ(Group(base, "KrankenversicherungLehrlinge2016", "Prozent_DN"), 1.67);
-  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent_DN"), 0);  // not published for 2025: not carried
-  EXPECT_DOUBLE_EQ(base["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 551.10);
-  EXPECT_DOUBLE_EQ(base["DGM"]["Lohnsumme"].AsNumber(), 826.65);
-  EXPECT_DOUBLE_EQ(base["DGM"]["Prozent"].AsNumber(), 19.4);
+  EXPECT_DOUBLE_EQ(Group(base, "KrankenversicherungLehrlinge2016", "Prozent"), 1.67);
+  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent"), 0);  // not published for 2025: not carried
+  EXPECT_DOUBLE_EQ(base["table"]["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 551.10);
+  EXPECT_DOUBLE_EQ(base["table"]["DGM"]["GrenzbetragMinderBeschaeftigte"].AsNumber(), 826.65);
+  EXPECT_DOUBLE_EQ(base["table"]["SA"]["GrenzbetragGeringBeschaeftigte"]["Prozent"].AsNumber(), 19.4);
 
   const double bounds[] = {0, 13308, 21617, 35836, 69166, 103072, 1000000};
   const double rates[] = {0, 20, 30, 40, 48, 50, 55};
-  const JsonValue& bands = base["LST"]["bands"];
+  const JsonValue& bands = base["table"]["LST"]["Item"];
   ASSERT_EQ(bands.Size(), 7u);
   for (std::size_t i = 0; i < 7; ++i) {
     EXPECT_DOUBLE_EQ(bands[i]["Von"].AsNumber(), bounds[i]) << i;
@@ -96,64 +96,64 @@ TEST_F(DemoTest, BaseValuesOf2025AreThePublishedOnes) {
   }
   const double small[] = {0, 58, 113, 168}, large[] = {31, 123, 214, 306};
   for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_DOUBLE_EQ(base["PP"][i]["klein"].AsNumber(), small[i]);
-    EXPECT_DOUBLE_EQ(base["PP"][i]["gross"].AsNumber(), large[i]);
+    EXPECT_DOUBLE_EQ(base["table"]["PP"][i]["klein"].AsNumber(), small[i]);
+    EXPECT_DOUBLE_EQ(base["table"]["PP"][i]["gross"].AsNumber(), large[i]);
   }
-  EXPECT_DOUBLE_EQ(base["FB"]["FABO"].AsNumber(), 166.68);
-  EXPECT_DOUBLE_EQ(base["FB"]["FABO18"].AsNumber(), 58.34);
-  EXPECT_DOUBLE_EQ(base["FB"]["Verkehr"].AsNumber(), 487);
-  EXPECT_DOUBLE_EQ(base["FB"]["Kinderzuschlag_Kind2"].AsNumber(), 813);
-  EXPECT_DOUBLE_EQ(base["ALV"]["N25a"].AsNumber(), 2074);
-  EXPECT_DOUBLE_EQ(base["ALV"]["N25b"].AsNumber(), 2262);
-  EXPECT_DOUBLE_EQ(base["ALV"]["N25c"].AsNumber(), 2451);
+  EXPECT_DOUBLE_EQ(base["table"]["FB"]["FABO"].AsNumber(), 166.68);
+  EXPECT_DOUBLE_EQ(base["table"]["FB"]["FABO18"].AsNumber(), 58.34);
+  EXPECT_DOUBLE_EQ(base["table"]["FB"]["Verkehr"].AsNumber(), 487);
+  EXPECT_DOUBLE_EQ(base["table"]["FB"]["Kinderzuschlag_Kind2"].AsNumber(), 813);
+  EXPECT_DOUBLE_EQ(base["table"]["ALV"]["N25a_bis"].AsNumber(), 2074);
+  EXPECT_DOUBLE_EQ(base["table"]["ALV"]["N25b_bis"].AsNumber(), 2262);
+  EXPECT_DOUBLE_EQ(base["table"]["ALV"]["N25c_bis"].AsNumber(), 2451);
   const JsonValue& white_collar = DGRow(base, "Angestellte");
   EXPECT_DOUBLE_EQ(white_collar["FALAST"].AsNumber(), 3.7);
   EXPECT_DOUBLE_EQ(white_collar["SV_Laufend"].AsNumber(), 20.98);
-  EXPECT_DOUBLE_EQ(white_collar["DZBL_W"].AsNumber(), 0.36);
-  EXPECT_DOUBLE_EQ(white_collar["DZBL_NÖ"].AsNumber(), 0.34);
+  EXPECT_DOUBLE_EQ(white_collar["DZBL(eBasisWien)"].AsNumber(), 0.36);
+  EXPECT_DOUBLE_EQ(white_collar["DZBL(eBasisNiederösterreich)"].AsNumber(), 0.34);
   EXPECT_DOUBLE_EQ(white_collar["Kommunalsteuer"].AsNumber(), 3.0);
 }
 
 TEST_F(DemoTest, TheTableOf2024AndTheFallBackBeforeTheFirstTable) {
   JsonValue base = Show({"base", "--period", "202406"});
-  EXPECT_EQ(base["table"]["Datum"].AsNumber(), 202401);
+  EXPECT_EQ(base["table"]["Zeitraum"]["Item"].AsNumber(), 202401);
   EXPECT_DOUBLE_EQ(Group(base, "Arbeitslosenversicherung", "Obergrenze"), 6060.00);
-  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent_DN"), 0.70);
-  EXPECT_DOUBLE_EQ(base["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 518.44);
+  EXPECT_DOUBLE_EQ(Group(base, "Schlechtwetter", "Prozent"), 0.70);
+  EXPECT_DOUBLE_EQ(base["table"]["SA"]["GrenzbetragGeringBeschaeftigte"]["Obergrenze"].AsNumber(), 518.44);
   EXPECT_DOUBLE_EQ(DGRow(base, "Angestellte")["FALAST"].AsNumber(), 3.9);
   EXPECT_DOUBLE_EQ(DGRow(base, "Angestellte")["FALASTLGV"].AsNumber(), 3.7);
-  EXPECT_DOUBLE_EQ(DGRow(base, "Arbeiter")["DZBL_NÖ"].AsNumber(), 0.35);
-  EXPECT_DOUBLE_EQ(base["LST"]["bands"][1]["Von"].AsNumber(), 12816);
+  EXPECT_DOUBLE_EQ(DGRow(base, "Arbeiter")["DZBL(eBasisNiederösterreich)"].AsNumber(), 0.35);
+  EXPECT_DOUBLE_EQ(base["table"]["LST"]["Item"][1]["Von"].AsNumber(), 12816);
 
   JsonValue before = Show({"base", "--period", "202312"});
-  EXPECT_EQ(before["table"]["Datum"].AsNumber(), 202501);  // the newest table stands in
-  EXPECT_TRUE(before["table"]["fallback"].AsBool());
+  EXPECT_EQ(before["table"]["Zeitraum"]["Item"].AsNumber(), 202501);  // the newest table stands in
+  EXPECT_TRUE(before["fallback"].AsBool());
   JsonValue restore = Show({"base", "--period", "202503", "--folder", "wiederherstellung"});
   EXPECT_TRUE(restore["folder"]["Wiederherstellung"].AsBool());
-  EXPECT_DOUBLE_EQ(Group(restore, "Krankenversicherung", "Prozent_DN"), 3.87);
+  EXPECT_DOUBLE_EQ(Group(restore, "Krankenversicherung", "Prozent"), 3.87);
 }
 
 TEST_F(DemoTest, EmployeesAndTheirPayMonths) {
   JsonValue list = Show({"employees", "--year", "2025", "--sort", "name"});
   ASSERT_EQ(list["employees"].Size(), 5u);
   std::string order;
-  for (const JsonValue& e : list["employees"].AsArray()) order += e["Familienname"].AsString() + " ";
+  for (const JsonValue& e : list["employees"].AsArray()) order += e["Mitarbeiter"]["FName"].AsString() + " ";
   EXPECT_EQ(order, "Berger Gruber Huber Pichler Wagner ");
   EXPECT_EQ(list["employees"][0]["Index"].AsNumber(), 1);
-  EXPECT_EQ(list["employees"][0]["Bankverbindung"]["Bank"].AsString(), "BAWAG");
+  EXPECT_EQ(list["employees"][0]["BankName"].AsString(), "BAWAG");
 
   JsonValue month = Show({"month", "--employee", "1001", "--period", "202503"});
-  EXPECT_TRUE(month["month"]["stored"].AsBool());
+  EXPECT_TRUE(month["stored"].AsBool());
   EXPECT_DOUBLE_EQ(month["month"]["Gehalt"].AsNumber(), 3350);
   EXPECT_DOUBLE_EQ(month["month"]["SV_Laufend"].AsNumber(), 692.28);  // (3,350.00 + lines 481.12) x 18.07 %
-  EXPECT_EQ(month["month"]["Abrechnung_Von"].AsString(), "2025-03-01");
-  EXPECT_EQ(month["employee"]["VorName"].AsString(), "Anna");
+  EXPECT_EQ(month["month"]["Von_Datum"].AsString(), "2025-03-01");
+  EXPECT_EQ(month["employee"]["Mitarbeiter"]["VName"].AsString(), "Anna");
 
   JsonValue capped = Show({"month", "--employee", "1004", "--period", "202406"});
   EXPECT_DOUBLE_EQ(capped["month"]["SV_Laufend_Basis"].AsNumber(), 6060);  // the 2024 ceiling
 
   JsonValue missing = Show({"month", "--employee", "1001", "--period", "202504"});
-  EXPECT_FALSE(missing["month"]["stored"].AsBool());
+  EXPECT_FALSE(missing["stored"].AsBool());
   EXPECT_EQ(missing["month"]["UE_Laufend_Tage"].AsNumber(), 30);  // the defaults of a month without a row
   EXPECT_EQ(missing["month"]["op_Angestellter"].AsNumber(), -1);
 

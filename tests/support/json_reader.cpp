@@ -7,7 +7,7 @@ namespace ormelix::test {
 
 class JsonParser {
  public:
-  JsonParser(const std::string& text, bool unique_keys) : text_(text), unique_keys_(unique_keys) {}
+  explicit JsonParser(const std::string& text) : text_(text) {}
 
   JsonValue Document() {
     JsonValue value = Read();
@@ -28,28 +28,90 @@ class JsonParser {
     pos_ += word.size();
     return true;
   }
+  // A string as RFC 8259 has it: no raw control characters, only the escapes it
+  // names, \\u escapes (with surrogate pairs) written out as UTF-8.
   std::string ReadString() {
-    if (text_[pos_] != '"') Fail("a string is expected");
+    if (pos_ >= text_.size() || text_[pos_] != '"') Fail("a string is expected");
     ++pos_;
     std::string out;
-    while (pos_ < text_.size() && text_[pos_] != '"') {
+    for (;;) {
+      if (pos_ >= text_.size()) Fail("unterminated string");
       char c = text_[pos_++];
-      if (c == '\\') {
-        char e = text_[pos_++];
-        if (e == 'n') out += '\n';
-        else if (e == 't') out += '\t';
-        else if (e == 'r') out += '\r';
-        else if (e == 'u') {
-          out += static_cast<char>(std::strtol(text_.substr(pos_, 4).c_str(), nullptr, 16));
-          pos_ += 4;
-        } else out += e;
-      } else {
+      if (c == '"') return out;
+      if (static_cast<unsigned char>(c) < 0x20) Fail("a control character inside a string");
+      if (c != '\\') {
         out += c;
+        continue;
+      }
+      if (pos_ >= text_.size()) Fail("unterminated escape");
+      char e = text_[pos_++];
+      switch (e) {
+        case '"': case '\\': case '/': out += e; break;
+        case 'b': out += '\b'; break;
+        case 'f': out += '\f'; break;
+        case 'n': out += '\n'; break;
+        case 'r': out += '\r'; break;
+        case 't': out += '\t'; break;
+        case 'u': AppendUtf8(out, ReadEscapedCodePoint()); break;
+        default: Fail(std::string("an unknown escape \\") + e);
       }
     }
-    if (pos_ >= text_.size()) Fail("unterminated string");
-    ++pos_;
-    return out;
+  }
+  unsigned ReadHex4() {
+    if (pos_ + 4 > text_.size()) Fail("a \\u escape needs four hex digits");
+    unsigned value = 0;
+    for (int i = 0; i < 4; ++i) {
+      char c = text_[pos_++];
+      if (!std::isxdigit(static_cast<unsigned char>(c))) Fail("a \\u escape needs four hex digits");
+      value = value * 16 + static_cast<unsigned>(std::isdigit(static_cast<unsigned char>(c)) ? c - '0' : (c | 0x20) - 'a' + 10);
+    }
+    return value;
+  }
+  unsigned ReadEscapedCodePoint() {
+    unsigned first = ReadHex4();
+    if (first < 0xD800 || first > 0xDFFF) return first;
+    if (first > 0xDBFF || !Accept("\\u")) Fail("a lone surrogate");
+    unsigned second = ReadHex4();
+    if (second < 0xDC00 || second > 0xDFFF) Fail("a lone surrogate");
+    return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
+  }
+  static void AppendUtf8(std::string& out, unsigned c) {
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else if (c < 0x800) {
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+      out += static_cast<char>(0xE0 | (c >> 12));
+      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+      out += static_cast<char>(0xF0 | (c >> 18));
+      out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  // -?(0|[1-9][0-9]*)(.[0-9]+)?([eE][+-]?[0-9]+)?
+  double ReadNumber() {
+    std::size_t start = pos_;
+    auto digits = [&] {
+      std::size_t from = pos_;
+      while (pos_ < text_.size() && std::isdigit(static_cast<unsigned char>(text_[pos_]))) ++pos_;
+      return pos_ - from;
+    };
+    Accept("-");
+    if (Accept("0")) {
+    } else if (digits() == 0) {
+      Fail("a value is expected");
+    }
+    if (Accept(".") && digits() == 0) Fail("digits after the decimal point are expected");
+    if (pos_ < text_.size() && (text_[pos_] == 'e' || text_[pos_] == 'E')) {
+      ++pos_;
+      if (!Accept("+")) Accept("-");
+      if (digits() == 0) Fail("digits of the exponent are expected");
+    }
+    return std::strtod(text_.substr(start, pos_ - start).c_str(), nullptr);
   }
   JsonValue Read() {
     Skip();
@@ -66,7 +128,7 @@ class JsonParser {
         std::string key = ReadString();
         Skip();
         if (!Accept(":")) Fail("':' is expected");
-        if (unique_keys_ && value.object_.count(key)) Fail("the key '" + key + "' appears twice in one object");
+        if (value.object_.count(key)) Fail("the key \"" + key + "\" twice in one object");
         value.object_[key] = Read();
         Skip();
       } while (Accept(","));
@@ -88,22 +150,18 @@ class JsonParser {
     } else if (Accept("null")) {
       value.kind_ = JsonValue::Null;
     } else {
-      char* end = nullptr;
       value.kind_ = JsonValue::Number;
-      value.number_ = std::strtod(text_.c_str() + pos_, &end);
-      if (end == text_.c_str() + pos_) Fail("a value is expected");
-      pos_ = static_cast<std::size_t>(end - text_.c_str());
+      value.number_ = ReadNumber();
     }
     return value;
   }
 
   const std::string& text_;
   std::size_t pos_ = 0;
-  bool unique_keys_ = false;
 };
 
-JsonValue JsonValue::Parse(const std::string& text) { return JsonParser(text, false).Document(); }
-JsonValue JsonValue::ParseUnique(const std::string& text) { return JsonParser(text, true).Document(); }
+JsonValue JsonValue::Parse(const std::string& text) { return JsonParser(text).Document(); }
+JsonValue JsonValue::ParseUnique(const std::string& text) { return Parse(text); }
 
 const JsonValue& JsonValue::operator[](const std::string& key) const {
   auto found = object_.find(key);

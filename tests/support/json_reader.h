@@ -1,5 +1,6 @@
-// A small JSON reader for the tests of the command line: enough to parse what
-// ormelix show --json prints and to walk it.
+// A strict JSON reader for the tests of the command line: it parses what ormelix
+// show --json prints and refuses anything RFC 8259 does not allow, and a key that
+// stands twice in one object (which parsers read differently), naming the offset.
 #pragma once
 
 #include <map>
@@ -15,7 +16,7 @@ class JsonValue {
   enum Kind { Null, Bool, Number, String, Array, Object };
 
   static JsonValue Parse(const std::string& text);
-  // The same, but a key that appears twice in one object is a failure.
+  // The same: every parse refuses a key twice (kept for the callers that say so).
   static JsonValue ParseUnique(const std::string& text);
 
   Kind kind() const { return kind_; }

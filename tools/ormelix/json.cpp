@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <stdexcept>
 
 namespace cli::json {
 
@@ -53,9 +54,16 @@ void NewLine(std::string& out, int indent, int depth) {
 }  // namespace
 
 Value& Value::Set(const std::string& key, Value value) {
+  if (Find(key)) throw std::logic_error("the JSON object has the key '" + key + "' already");
   auto& object = std::get<Object>(data_);
   object.emplace_back(key, std::move(value));
   return object.back().second;
+}
+
+Value* Value::Find(const std::string& key) {
+  for (auto& [name, member] : std::get<Object>(data_))
+    if (name == key) return &member;
+  return nullptr;
 }
 
 Value& Value::Push(Value value) {

@@ -36,9 +36,13 @@ class Value {
     return v;
   }
 
-  // Object: adds a member (in order). Array: appends.
+  // Object: adds a member (in order); a key the object has already is a
+  // std::logic_error, so that no document carries a key twice. Array: appends.
   Value& Set(const std::string& key, Value value);
   Value& Push(Value value);
+  // Object: the member under the key, or nullptr.
+  Value* Find(const std::string& key);
+  bool IsObject() const { return std::holds_alternative<Object>(data_); }
 
   std::string Dump(int indent = 2) const;
 

@@ -91,69 +91,72 @@ std::vector<DGLine> DGLines() {
 
 const ColumnSet<DGRow>& DGColumnsOf(int group) { return group >= 26 ? DGWerte2016Columns() : DGWerteColumns(); }
 
-json::Value BaseJson(const BaseSelection& s) {
-  LBasis& t = *s.table;
-  json::Value doc = json::Value::MakeObject();
-  doc.Set("period", static_cast<long>(s.period));
-  json::Value& folder = doc.Set("folder", json::Value::MakeObject());
-  folder.Set("ID", s.folder->ID());
-  folder.Set("Bezeichnung", s.folder->Bezeichnung);
-  folder.Set("Standardordner", s.folder->Standardordner);
-  folder.Set("Wiederherstellung", s.folder->Wiederherstellung);
-  json::Value& table = doc.Set("table", json::Value::MakeObject());
+// The dated table as the object model holds it, keyed by property names: LBasis
+// with its eight parts, each value group of SW and SA under its property, the
+// wage-tax bands as LST.Item(1..n), and the indexed rows of PP (by SortNr) and
+// DG (by DNGruppe and SortNr) as lists of rows.
+json::Value TableJson(LBasis& t) {
+  json::Value table = json::Value::MakeObject();
   table.Set("ID", t.ID());
-  table.Set("Datum", static_cast<long>(t.Zeitraum()->Item));
+  AddColumns(table, ZeittabelleColumns(), t);
   table.Set("Datum_Von", DateHelpers::FormatDate(t.Datum_Von()));
-  table.Set("Bezeichnung", t.Bezeichnung);
-  table.Set("fallback", s.fallback);
 
-  json::Value& sw = doc.Set("SW", ColumnsJson(SWColumns(), *t.SW()));
-  json::Value& sw_groups = sw.Set("groups", json::Value::MakeObject());
-  for (const SWGroup& group : kSWGroups) sw_groups.Set(group.name, ColumnsJson(SWWerteColumns(), *((*t.SW()).*group.get)()));
+  json::Value& sw = table.Set("SW", ColumnsJson(SWColumns(), *t.SW()));
+  for (const SWGroup& group : kSWGroups) sw.Set(group.name, ColumnsJson(SWWerteColumns(), *((*t.SW()).*group.get)()));
 
-  json::Value& lst = doc.Set("LST", ColumnsJson(LSTColumns(), *t.LST()));
-  json::Value& bands = lst.Set("bands", json::Value::MakeArray());
+  json::Value& lst = table.Set("LST", ColumnsJson(LSTColumns(), *t.LST()));
+  json::Value& bands = lst.Set("Item", json::Value::MakeArray());
   for (const auto& band : *t.LST()) bands.Push(ColumnsJson(LSTWerteColumns(), *band));
 
-  json::Value& sa = doc.Set("SA", ColumnsJson(SAColumns(), *t.SA()));
-  json::Value& sa_groups = sa.Set("groups", json::Value::MakeObject());
-  for (const Named& group : kSAGroups) {
-    json::Value& g = sa_groups.Set(group.name, json::Value::MakeObject());
-    g.Set("VGruppe", group.number);
-    for (const ColumnValue& value : ColumnValues(SAWerteColumns(), *t.SA()->Gruppe(group.number)))
-      g.Set(value.column, ValueJson(value));
-  }
-  json::Value& gering = sa.Set("GrenzbetragGeringBeschaeftigte", json::Value::MakeObject());
-  gering.Set("Prozent", t.SA()->GrenzbetragGeringBeschaeftigte()->Prozent);
-  gering.Set("Obergrenze", t.SA()->GrenzbetragGeringBeschaeftigte()->Obergrenze);
+  json::Value& sa = table.Set("SA", ColumnsJson(SAColumns(), *t.SA()));
+  for (const Named& group : kSAGroups) sa.Set(group.name, ColumnsJson(SAWerteColumns(), *t.SA()->Gruppe(group.number)));
 
-  json::Value& pp = doc.Set("PP", json::Value::MakeArray());
+  json::Value& pp = table.Set("PP", json::Value::MakeArray());
   for (int sort_nr = 1; sort_nr <= 4; ++sort_nr) {
     PPRow row{t.PP().get(), sort_nr};
     json::Value& band = pp.Push(json::Value::MakeObject());
     band.Set("SortNr", sort_nr);
-    for (const ColumnValue& value : ColumnValues(PPColumns(), row)) band.Set(value.column, ValueJson(value));
+    AddColumns(band, PPColumns(), row);
   }
-  doc.Set("FB", ColumnsJson(FBColumns(), *t.FB()));
-  doc.Set("ALV", ColumnsJson(ALVColumns(), *t.ALV()));
+  table.Set("FB", ColumnsJson(FBColumns(), *t.FB()));
+  table.Set("ALV", ColumnsJson(ALVColumns(), *t.ALV()));
 
-  json::Value& dg = doc.Set("DG", ColumnsJson(DGColumns(), *t.DG()));
-  json::Value& rows = dg.Set("rows", json::Value::MakeArray());
+  json::Value& dg = table.Set("DG", ColumnsJson(DGColumns(), *t.DG()));
+  json::Value& rows = dg.Set("Wert", json::Value::MakeArray());
   for (const DGLine& line : DGLines()) {
     DGRow row{t.DG().get(), line.group->number, line.sort_nr};
     json::Value& r = rows.Push(json::Value::MakeObject());
     r.Set("DNGruppe", line.group->number);
     r.Set("Gruppe", line.group->name);
     r.Set("SortNr", line.sort_nr ? json::Value(line.sort_nr) : json::Value());
-    for (const ColumnValue& value : ColumnValues(DGColumnsOf(line.group->number), row)) r.Set(value.column, ValueJson(value));
+    AddColumns(r, DGColumnsOf(line.group->number), row);
   }
+  // The head of marginal employment fills SA.GrenzbetragGeringBeschaeftigte and DGM.
   DGMHead head{t.DGM().get(), t.SA().get()};
-  json::Value& dgm = doc.Set("DGM", ColumnsJson(DGMColumns(), head));
+  AddColumns(table, DGMColumns(), head);
+  json::Value& dgm = *table.Find("DGM");
   for (auto [group, name] : {std::pair{24, "Angestellte"}, std::pair{25, "Arbeiter"}}) {
     DGMRow row{t.DGM().get(), group};
     dgm.Set(name, ColumnsJson(DGMWerteColumns(), row));
   }
+  return table;
+}
+
+json::Value BaseJson(const BaseSelection& s) {
+  json::Value doc = json::Value::MakeObject();
+  doc.Set("period", static_cast<long>(s.period));
+  doc.Set("fallback", s.fallback);
+  json::Value& folder = doc.Set("folder", json::Value::MakeObject());
+  folder.Set("ID", s.folder->ID());
+  AddColumns(folder, BasiswerteColumns(), *s.folder);
+  doc.Set("table", TableJson(*s.table));
   return doc;
+}
+
+// Table headers: the names of a declaration's properties.
+template <class Target>
+void NameColumns(TextTable& table, const ColumnSet<Target>& columns, Target& sample) {
+  for (const ColumnValue& value : ColumnValues(columns, sample)) table.Column(value.name, TextTable::Right);
 }
 
 bool AllZero(const std::vector<ColumnValue>& values) {
@@ -174,23 +177,21 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
 
   out << "\nSA  Beitragssätze (Prozent DN / DG, Obergrenze, Sonderzahlung)\n";
   TextTable sa;
-  for (auto [header, align] : {std::pair{"Versicherungsgruppe", TextTable::Left}, std::pair{"VGruppe", TextTable::Right},
-                               std::pair{"Prozent_DN", TextTable::Right}, std::pair{"Prozent_DG", TextTable::Right},
-                               std::pair{"Obergrenze", TextTable::Right}, std::pair{"Sonderzahlung", TextTable::Right}})
-    sa.Column(header, align);
+  sa.Column("SA");
+  NameColumns(sa, SAWerteColumns(), *t.SA()->Krankenversicherung());
   for (const Named& group : kSAGroups) {
     const LBasis_SA_Wert& w = *t.SA()->Gruppe(group.number);
-    sa.Row({group.name, std::to_string(group.number), Number(w.Prozent), Number(w.Prozent_DG), Amount(w.Obergrenze),
-            Amount(w.Sonderzahlung)});
+    sa.Row({group.name, Number(w.Prozent), Number(w.Prozent_DG), Amount(w.Obergrenze), Amount(w.Sonderzahlung)});
   }
-  sa.Row({"GrenzbetragGeringBeschaeftigte", "", Number(t.SA()->GrenzbetragGeringBeschaeftigte()->Prozent), "",
+  sa.Row({"GrenzbetragGeringBeschaeftigte", Number(t.SA()->GrenzbetragGeringBeschaeftigte()->Prozent), "",
           Amount(t.SA()->GrenzbetragGeringBeschaeftigte()->Obergrenze), ""});
   sa.Print(out, "  ");
   PrintPairs(out, "SA  weitere Werte", ColumnValues(SAColumns(), *t.SA()));
 
   out << "\nLST  Lohnsteuertarif\n";
   TextTable lst;
-  for (const char* header : {"Von", "Bis", "steuersatz", "Unbeschränkt", "Beschränkt"}) lst.Column(header, TextTable::Right);
+  LBasis_LST_Werte sample;
+  NameColumns(lst, LSTWerteColumns(), sample);
   for (const auto& band : *t.LST())
     lst.Row({Amount(band->Von), Amount(band->Bis), Number(band->steuersatz), Amount(band->unbeschraenkt),
              Amount(band->beschraenkt)});
@@ -199,7 +200,9 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
 
   out << "\nPP  Pendlerpauschale\n";
   TextTable pp;
-  for (const char* header : {"SortNr", "Von", "Bis", "klein", "gross"}) pp.Column(header, TextTable::Right);
+  pp.Column("SortNr", TextTable::Right);
+  PPRow first{t.PP().get(), 1};
+  NameColumns(pp, PPColumns(), first);
   for (int i = 1; i <= 4; ++i)
     pp.Row({std::to_string(i), Amount(t.PP()->Von[i]), Amount(t.PP()->Bis[i]), Amount(t.PP()->klein[i]),
             Amount(t.PP()->gross[i])});
@@ -211,7 +214,8 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
   TextTable dg;
   dg.Column("Gruppe");
   dg.Column("SortNr", TextTable::Right);
-  for (const auto& decl : DGWerteColumns().Columns()) dg.Column(decl.column, TextTable::Right);
+  DGRow sample_row{t.DG().get(), 1, 0};
+  NameColumns(dg, DGWerteColumns(), sample_row);
   for (const DGLine& line : DGLines()) {
     DGRow row{t.DG().get(), line.group->number, line.sort_nr};
     auto values = ColumnValues(DGColumnsOf(line.group->number), row);
@@ -228,7 +232,8 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
   out << "\n";
   TextTable dgm;
   dgm.Column("Gruppe");
-  for (const auto& decl : DGMWerteColumns().Columns()) dgm.Column(decl.column, TextTable::Right);
+  DGMRow sample_dgm{t.DGM().get(), 24};
+  NameColumns(dgm, DGMWerteColumns(), sample_dgm);
   for (auto [group, name] : {std::pair{24, "Angestellte"}, std::pair{25, "Arbeiter"}}) {
     DGMRow row{t.DGM().get(), group};
     std::vector<std::string> cells = {name};
@@ -240,7 +245,7 @@ void PrintBase(std::ostream& out, const BaseSelection& s) {
   out << "\nSW  Betriebsratsumlage\n";
   TextTable sw;
   sw.Column("Gruppe");
-  for (const char* header : {"USTeiler", "Prozent", "grenze"}) sw.Column(header, TextTable::Right);
+  NameColumns(sw, SWWerteColumns(), *t.SW()->Angestellte());
   for (const SWGroup& group : kSWGroups) {
     const LBasis_SW_Wert& w = *((*t.SW()).*group.get)();
     sw.Row({group.name, Number(w.USTeiler), Number(w.Prozent), Number(w.grenze)});

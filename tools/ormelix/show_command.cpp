@@ -83,7 +83,7 @@ void PrintPairs(std::ostream& out, const std::string& title, const std::vector<C
   table.Column("Feld");
   table.Column("Wert", TextTable::Right);
   for (const ColumnValue& value : values)
-    if (!skip_blank || !IsBlank(value)) table.Row({value.column, ValueText(value)});
+    if (!skip_blank || !IsBlank(value)) table.Row({value.name, ValueText(value)});
   table.Print(out, "  ");
 }
 

@@ -21,11 +21,14 @@ using namespace ormelix::ValueHelpers;
 
 namespace {
 
+// An employee (LLohn) keyed by property names: its own, those of its personal data
+// under Mitarbeiter, and the bank details, which are properties of LLohn too.
 json::Value EmployeeJson(LLohn& lohn) {
-  json::Value e = ColumnsJson(modDatabase::MitarbeiterColumns(), lohn);
+  json::Value e = json::Value::MakeObject();
   e.Set("Index", static_cast<int>(lohn.Index()));
   e.Set("ID", lohn.ID());
-  e.Set("Bankverbindung", ColumnsJson(modDatabase::BankverbindungColumns(), lohn));
+  AddColumns(e, modDatabase::MitarbeiterColumns(), lohn);
+  AddColumns(e, modDatabase::BankverbindungColumns(), lohn);
   return e;
 }
 
@@ -88,8 +91,9 @@ int ShowEmployees(clsManager& manager, Arguments& args, bool as_json) {
   std::cout << manager.AktMandant()->Name << ", " << manager.AktJahr << ": " << list->Count() << " Mitarbeiter\n\n";
   TextTable table;
   table.Column("Index", TextTable::Right);
-  table.Column("Personalnummer", TextTable::Right);
-  for (const char* header : {"Familienname", "VorName", "Geburtsdatum", "Tätigkeit", "ID"}) table.Column(header);
+  table.Column("Mitarbeiter.Personalnummer", TextTable::Right);
+  for (const char* header : {"Mitarbeiter.FName", "Mitarbeiter.VName", "Geb_Datum", "Mitarbeiter.Beschaeftigt", "ID"})
+    table.Column(header);
   for (const auto& lohn : *list) {
     const LLohn_Arbeiter& a = *lohn->Mitarbeiter();
     table.Row({std::to_string(lohn->Index()), std::to_string(a.Personalnummer), a.FName, a.VName,
@@ -118,9 +122,9 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
   if (as_json) {
     json::Value doc = json::Value::MakeObject();
     doc.Set("period", static_cast<long>(key));
+    doc.Set("stored", stored);
     doc.Set("employee", EmployeeJson(*lohn));
-    json::Value& pay = doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
-    pay.Set("stored", stored);
+    doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
     AddLinesTransferYear(doc, *lohn, manager.AktMonat);
     doc.Set("career", MonthCareerJson(*lohn->Laufbahn(), key));
     std::cout << doc.Dump();

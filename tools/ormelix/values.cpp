@@ -78,4 +78,18 @@ bool IsBlank(const ColumnValue& value) {
                     *value.property);
 }
 
+void AddValues(json::Value& object, const std::vector<ColumnValue>& values) {
+  for (const ColumnValue& value : values) {
+    json::Value* into = &object;
+    std::string_view name = value.name;
+    for (std::size_t dot = name.find('.'); into && dot != std::string_view::npos; dot = name.find('.')) {
+      std::string part(name.substr(0, dot));
+      json::Value* member = into->Find(part);
+      into = !member ? &into->Set(part, json::Value::MakeObject()) : member->IsObject() ? member : nullptr;
+      name.remove_prefix(dot + 1);
+    }
+    if (into && !into->Find(std::string(name))) into->Set(std::string(name), ValueJson(value));
+  }
+}
+
 }  // namespace cli

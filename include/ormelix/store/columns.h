@@ -5,9 +5,14 @@
 // only written), not second copies of a routine.
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <string_view>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -61,26 +66,124 @@ Overloaded(F...) -> Overloaded<F...>;
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
 Variant SaveProperty(PropertyRef from, SaveAs how);
 
+// The name of a member (data or function) or of an enumerator given as a template
+// argument, as the compiler spells it: NameOf<&LLohn::Gehalt> is "Gehalt",
+// NameOf<eBasisWien> is "eBasisWien". Read from the compiler's own spelling of the
+// function's signature (g++ and clang write "... M = &ns::Class::Name ..."); a
+// compiler that spells it otherwise fails to compile here rather than give wrong
+// names.
+template <auto M>
+constexpr std::string_view NameOf() {
+  constexpr std::string_view signature = __PRETTY_FUNCTION__;
+  constexpr std::size_t start = signature.find("M = ") + 4;
+  constexpr std::string_view spelled = signature.substr(start, signature.find_first_of(";]", start) - start);
+  constexpr std::size_t colon = spelled.rfind("::");
+  constexpr std::string_view name = colon == std::string_view::npos ? spelled : spelled.substr(colon + 2);
+  static_assert(signature.find("M = ") != std::string_view::npos && !name.empty() &&
+                    name.find_first_of(" &()<>,:*") == std::string_view::npos,
+                "NameOf: this compiler spells template arguments in a way not understood here");
+  return name;
+}
+
+namespace detail {
+template <auto M>
+inline constexpr std::string_view kNameOf = NameOf<M>();
+inline constexpr std::string_view kDot = ".";
+inline constexpr std::string_view kOpen = "(";
+inline constexpr std::string_view kClose = ")";
+
+// Names joined at compile time, kept as a C string.
+template <const std::string_view&... Parts>
+struct JoinedName {
+  static constexpr auto kText = [] {
+    std::array<char, (Parts.size() + ... + 0) + 1> text{};
+    std::size_t at = 0;
+    ((std::copy(Parts.begin(), Parts.end(), text.begin() + static_cast<std::ptrdiff_t>(at)), at += Parts.size()), ...);
+    return text;
+  }();
+};
+}  // namespace detail
+
+// The name of a member, or of a member of a member object ("Sechstel.JahresSumme"),
+// or of an indexed property ("DZBL(eBasisWien)"), as a C string.
+template <auto M>
+inline constexpr const char* kMemberName = detail::JoinedName<detail::kNameOf<M>>::kText.data();
+template <auto Outer, auto Inner>
+inline constexpr const char* kMemberPath =
+    detail::JoinedName<detail::kNameOf<Outer>, detail::kDot, detail::kNameOf<Inner>>::kText.data();
+template <auto M, auto Index>
+inline constexpr const char* kIndexedName =
+    detail::JoinedName<detail::kNameOf<M>, detail::kOpen, detail::kNameOf<Index>, detail::kClose>::kText.data();
+
+// A property of the target of a declaration: how to reach it, and its name as the
+// object model has it, relative to the target ("Gehalt", "Mitarbeiter.FName" for a
+// property of a member object, "DZBL(eBasisWien)" for an indexed one). A tool that
+// shows a record keys its values by these names. Made from a plain function (or a
+// lambda) it has no name, and the column's name stands for it.
+template <class Target>
+struct Property {
+  using Getter = PropertyRef (*)(Target&);
+  Getter get = nullptr;
+  const char* name = nullptr;
+
+  constexpr Property() = default;
+  constexpr Property(std::nullptr_t) {}
+  constexpr Property(Getter getter, const char* property_name = nullptr) : get(getter), name(property_name) {}
+  template <class F>
+    requires(std::is_convertible_v<F, Getter> && !std::is_same_v<std::decay_t<F>, Getter>)
+  constexpr Property(F getter) : get(getter) {}
+
+  PropertyRef operator()(Target& target) const { return get(target); }
+  explicit constexpr operator bool() const { return get != nullptr; }
+};
+
+// A property reached by a function of its own, with its name.
+template <class Target, class F>
+constexpr Property<Target> Named(const char* name, F getter) {
+  return Property<Target>(static_cast<typename Property<Target>::Getter>(getter), name);
+}
+
 template <class Target>
 struct ColumnDecl {
   const char* column;  // nullptr marks a checkpoint (see ColumnSet::Save)
-  PropertyRef (*property)(Target&);
+  Property<Target> property;
   LoadAs load;
   SaveAs save;
   // Where a column is written from another property than it is read into.
-  PropertyRef (*save_property)(Target&) = nullptr;
+  Property<Target> save_property = nullptr;
   // The entry's own conversions, for LoadAs::Custom and SaveAs::Custom: a column
   // that stands for no single property (a text of day numbers that fills 31 flags)
   // or whose read depends on a property read before it.
   void (*load_with)(Target&, const Field&) = nullptr;
   Variant (*save_with)(Target&) = nullptr;
+  // For an entry of its own conversions with no single property: the name of what
+  // it stands for.
+  const char* custom_name = nullptr;
+
+  // The name a view keys the entry's value by: its property's, else the column's.
+  const char* Name() const {
+    if (property.name) return property.name;
+    if (!property && custom_name) return custom_name;
+    return column;
+  }
 };
 
-// The accessor of a plain member: Member<&clsMandant::Name>.
-template <auto M, class Target>
-PropertyRef Member(Target& target) {
+namespace detail {
+template <class T>
+struct MemberClass;
+template <class C, class T>
+struct MemberClass<T C::*> {
+  using type = C;
+};
+}  // namespace detail
+
+// A plain member of the target: Member<&clsMandant::Name>, named "Name".
+template <auto M>
+PropertyRef MemberGet(typename detail::MemberClass<decltype(M)>::type& target) {
   return &(target.*M);
 }
+template <auto M>
+inline constexpr Property<typename detail::MemberClass<decltype(M)>::type> Member{&MemberGet<M>, kMemberName<M>};
 
 template <class Target>
 class ColumnSet {
@@ -93,9 +196,11 @@ class ColumnSet {
   // stored at once if the row already has an ID (that is, it is no new row).
   static Decl Checkpoint() { return Decl{nullptr, nullptr, LoadAs::None, SaveAs::None}; }
 
-  // A column read and written by functions of its own.
-  static Decl Custom(const char* column, void (*load_with)(Target&, const Field&), Variant (*save_with)(Target&)) {
-    return Decl{column, nullptr, LoadAs::Custom, SaveAs::Custom, nullptr, load_with, save_with};
+  // A column read and written by functions of its own; name is what it stands
+  // for in the object model (the column's name if none is given).
+  static Decl Custom(const char* column, void (*load_with)(Target&, const Field&), Variant (*save_with)(Target&),
+                     const char* name = nullptr) {
+    return Decl{column, nullptr, LoadAs::Custom, SaveAs::Custom, nullptr, load_with, save_with, name};
   }
 
   const std::vector<Decl>& Columns() const { return columns_; }

@@ -1,0 +1,92 @@
+// Every --json output of ormelix show on the demo store is JSON that a strict
+// reader takes: each key a property name, once per object.
+#include <gtest/gtest.h>
+
+#include "support/json_reader.h"
+#include "support/run_tool.h"
+#include "support/test_store.h"
+
+using namespace ormelix;
+using test::JsonValue;
+using test::RunTool;
+
+namespace {
+
+TEST(StrictJson, RefusesWhatParsersReadDifferently) {
+  const char* const refused[] = {
+      R"({"a": 1, "a": 2})",        R"({"x": {"b": true, "b": false}})", R"([1, 2,])",  R"({"a": 1,})",
+      R"({'a': 1})",                R"([01])",                           R"([1.])",     R"([.5])",
+      R"(["\x41"])",                "[\"tab\there\"]",                   R"(["\ud800"])", R"([NaN])",
+      R"({"a": 1} {"b": 2})",       R"([tru])",
+  };
+  for (const char* text : refused) EXPECT_THROW(JsonValue::Parse(text), std::runtime_error) << text;
+  JsonValue fine = JsonValue::Parse(R"({"Ä": "\u00c4\ud83d\ude00", "n": [-0.5e3, 0, 12], "a": {"a": null}})");
+  EXPECT_EQ(fine["Ä"].AsString(), "Ä\xF0\x9F\x98\x80");
+  EXPECT_DOUBLE_EQ(fine["n"][0].AsNumber(), -500);
+  EXPECT_EQ(fine["a"]["a"].kind(), JsonValue::Null);
+}
+
+class JsonOutput : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    dir_ = new test::TempDir();
+    auto demo = RunTool({"demo", "store"}, dir_->Path().string());
+    ASSERT_EQ(demo.status, 0) << demo.err;
+  }
+  static void TearDownTestSuite() { delete dir_; }
+
+  // The output of one show command, parsed strictly.
+  static JsonValue Show(std::vector<std::string> args) {
+    args.insert(args.begin(), {"show", "--store", (dir_->Path() / "store").string()});
+    args.push_back("--json");
+    auto run = RunTool(args);
+    EXPECT_EQ(run.status, 0) << run.err;
+    try {
+      return JsonValue::Parse(run.out);
+    } catch (const std::exception& e) {
+      ADD_FAILURE() << args[3] << ": " << e.what();
+      return {};
+    }
+  }
+
+  static test::TempDir* dir_;
+};
+
+test::TempDir* JsonOutput::dir_ = nullptr;
+
+TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
+  Show({"employers"});
+  for (const char* folder : {"Standard", "Wiederherstellung"})
+    for (const char* period : {"202312", "202401", "202406", "202503", "202512"})
+      Show({"base", "--period", period, "--folder", folder});
+  std::vector<int> numbers;
+  for (const char* year : {"2024", "2025"})
+    for (const char* sort : {"name", "personalnummer"}) {
+      JsonValue list = Show({"employees", "--year", year, "--sort", sort});
+      if (numbers.empty() && list.kind() == JsonValue::Object)
+        for (const JsonValue& e : list["employees"].AsArray())
+          numbers.push_back(static_cast<int>(e["Mitarbeiter"]["Personalnummer"].AsNumber()));
+    }
+  ASSERT_EQ(numbers.size(), 5u);
+  for (int number : numbers)
+    for (const char* period : {"202401", "202406", "202503", "202504"})  // 202504: a month without a row
+      Show({"month", "--employee", std::to_string(number), "--period", period});
+}
+
+TEST_F(JsonOutput, AMonthShowsBothPropertiesOfTheCrossedColumn) {
+  JsonValue month = Show({"month", "--employee", "1001", "--period", "202503"});
+  // MinderSonderBasisGesamt is read from the column MinderLaufendBasisGesamt:
+  // each property once, under its own name.
+  EXPECT_TRUE(month["month"].Has("MinderLaufendBasisGesamt"));
+  EXPECT_TRUE(month["month"].Has("MinderSonderBasisGesamt"));
+  // Properties of member objects lie in objects of their own, by the member's name.
+  EXPECT_EQ(month["month"]["Sechstel"].kind(), JsonValue::Object);
+  EXPECT_TRUE(month["month"]["FB_Fallweise"].Has("Tage"));
+  EXPECT_TRUE(month["month"]["Mitarbeiter"].Has("OffeneUT"));
+  EXPECT_FALSE(month["month"].Has("Überstunden_50"));  // the column; the property is Ueberst__50
+  EXPECT_TRUE(month["month"].Has("Ueberst__50"));
+  EXPECT_TRUE(month["employee"].Has("Geb_Datum"));
+  EXPECT_EQ(month["employee"]["Mitarbeiter"]["FName"].AsString(), "Huber");
+}
+
+}  // namespace
