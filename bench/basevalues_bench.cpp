@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "ormelix/store/sqlite_text.h"
 #include "ormelix/basevalues/basisdaten.h"
 #include "ormelix/session/manager.h"
 #include "ormelix/store/schema.h"
@@ -84,6 +85,7 @@ class RawLoader {
  public:
   explicit RawLoader(const std::string& path) {
     sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+    RegisterSqliteText(db_);  // the store's text columns compare in its text order
   }
   ~RawLoader() {
     for (auto& [sql, stmt] : statements_) sqlite3_finalize(stmt);

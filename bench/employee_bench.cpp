@@ -29,6 +29,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "ormelix/store/sqlite_text.h"
 #include "ormelix/employee/mitarbeiter_list.h"
 #include "ormelix/employer/mandant.h"
 #include "ormelix/session/manager.h"
@@ -145,6 +146,7 @@ Store MakeStore(int employees) {
   }
   sqlite3* db = nullptr;
   sqlite3_open(store.path.c_str(), &db);
+  RegisterSqliteText(db);  // the store's text columns compare in its text order
   sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
   {
     Inserter master(db, "Mitarbeiter"), bank(db, "Mitarbeiter_Bankverbindung"), career(db, "Mitarbeiter_Laufbahn"),
@@ -388,6 +390,8 @@ void Raw_MitarbeiterLoad(benchmark::State& state) {
   sqlite3* reference = nullptr;
   sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  RegisterSqliteText(db);
+  RegisterSqliteText(reference);
   benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
   for (auto _ : state) {
     auto employees = RawLoad(db, reference, store.employer);
@@ -454,6 +458,8 @@ void ReportFirstLoad(int employees) {
     sqlite3* reference = nullptr;
     sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    RegisterSqliteText(db);
+    RegisterSqliteText(reference);
     benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
     sqlite3_close(reference);
     sqlite3_close(db);

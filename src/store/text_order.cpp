@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
+#include <functional>
 
 namespace ormelix {
 
@@ -196,9 +198,13 @@ class Table {
     table_[U'ŉ'] = Expansion().Add(Letter('z') + 2 * kLetterStep).Add(Letter('n'));
     for (Weight& w : ascii_) w = 0;
     for (char32_t c = 0; c < 0x80; ++c) ascii_[c] = table_[c].elements[0].primary;
+    ascii_of_.fill(-1);
+    for (char32_t c = 0; c < 0x80; ++c) ascii_of_[ascii_[c]] = static_cast<std::int16_t>(c >= 'A' && c <= 'Z' ? c + 32 : c);
   }
 
   const Expansion& Of(char32_t c) const { return table_[c]; }
+  // The ASCII character (in small letters) of a primary weight, -1 for none.
+  int AsciiOf(Weight w) const { return w < ascii_of_.size() ? ascii_of_[w] : -1; }
   const std::array<Weight, 128>& Ascii() const { return ascii_; }
 
   // The primary weight of a character beyond the table.
@@ -216,6 +222,7 @@ class Table {
 
   std::array<Expansion, kSize> table_;
   std::array<Weight, 128> ascii_;
+  std::array<std::int16_t, kLetterBase + 26 * kLetterStep> ascii_of_;
 };
 
 const Table& TheTable() {
@@ -256,15 +263,15 @@ char32_t Decode(std::string_view text, std::size_t& pos) {
 // The collation elements of a text, one after another.
 class Elements {
  public:
-  Elements(std::string_view text, std::size_t from) : text_(text), pos_(from) {}
+  Elements(std::string_view text, std::size_t from) : table_(TheTable()), text_(text), pos_(from) {}
 
   // The next element, false at the end.
   bool Next(Element& out) {
-    while (index_ == current_.count) {
+    while (index_ == current_->count) {
       if (pos_ >= text_.size()) return false;
       Load(Decode(text_, pos_));
     }
-    out = current_.elements[index_++];
+    out = current_->elements[index_++];
     return true;
   }
 
@@ -286,19 +293,23 @@ class Elements {
   void Load(char32_t c) {
     index_ = 0;
     if (c < Table::kSize) {
-      current_ = TheTable().Of(c);
-    } else if (c == U'ẞ') {
-      current_ = TheTable().Of(U'ß');
-    } else if (c >= 0x0300 && c <= 0x036F) {
-      current_ = Expansion().Add(0, CombiningMark(c));
-    } else {
-      current_ = Single(Table::Beyond(c));
+      current_ = &table_.Of(c);
+      return;
     }
+    if (c == U'ẞ') {
+      current_ = &table_.Of(U'ß');
+      return;
+    }
+    own_ = c >= 0x0300 && c <= 0x036F ? Expansion().Add(0, CombiningMark(c)) : Single(Table::Beyond(c));
+    current_ = &own_;
   }
 
+  static constexpr Expansion kNothing{};
+  const Table& table_;
   std::string_view text_;
   std::size_t pos_;
-  Expansion current_;
+  const Expansion* current_ = &kNothing;
+  Expansion own_;
   std::uint8_t index_ = 0;
 };
 
@@ -323,15 +334,67 @@ bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80) == 0; });
 }
 
-constexpr std::size_t kHashSeed = 1469598103934665603ull;
-constexpr std::size_t kHashPrime = 1099511628211ull;
+// Where two texts first differ, byte for byte.
+std::size_t Mismatch(std::string_view a, std::string_view b) {
+  const std::size_t n = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    std::uint64_t x, y;
+    std::memcpy(&x, a.data() + i, 8);
+    std::memcpy(&y, b.data() + i, 8);
+    if (x != y) break;
+  }
+  while (i < n && a[i] == b[i]) ++i;
+  return i;
+}
+
+// The hash goes over the primary weights written as bytes: a weight of an ASCII
+// character as that character in small letters, any other as 0x80 and three bytes.
+// An ASCII text so hashes as its folded self, with no table walk.
+class HashBuffer {
+ public:
+  void Put(char c) {
+    if (used_ == sizeof bytes_) Flush();
+    bytes_[used_++] = c;
+  }
+  void Put8(std::uint64_t eight) {
+    if (used_ + 8 > sizeof bytes_) Flush();
+    std::memcpy(bytes_ + used_, &eight, 8);
+    used_ += 8;
+  }
+  void PutWeight(Weight w, const Table& table) {
+    int ascii = table.AsciiOf(w);
+    if (ascii >= 0) return Put(static_cast<char>(ascii));
+    Put(static_cast<char>(0x80));
+    Put(static_cast<char>(w >> 16));
+    Put(static_cast<char>(w >> 8));
+    Put(static_cast<char>(w));
+  }
+  std::size_t Finish() {
+    Flush();
+    return hash_;
+  }
+
+ private:
+  void Flush() {
+    hash_ = hash_ * 1099511628211ull + std::hash<std::string_view>{}(std::string_view(bytes_, used_));
+    used_ = 0;
+  }
+  char bytes_[256];
+  std::size_t used_ = 0;
+  std::size_t hash_ = 0;
+};
 
 }  // namespace
 
 int CompareText(std::string_view a, std::string_view b) {
-  const std::array<Weight, 128>& weights = AsciiWeights();
+  std::size_t i = Mismatch(a, b);
   const std::size_t n = std::min(a.size(), b.size());
-  std::size_t i = 0;
+  if (i == n && a.size() == b.size()) return 0;
+  // Back to the end of the last ASCII character of the equal part: the start of
+  // a character in both texts.
+  while (i > 0 && (static_cast<unsigned char>(a[i - 1]) & 0x80)) --i;
+  const std::array<Weight, 128>& weights = AsciiWeights();
   for (; i < n; ++i) {
     auto x = static_cast<unsigned char>(a[i]);
     auto y = static_cast<unsigned char>(b[i]);
@@ -346,21 +409,33 @@ int CompareText(std::string_view a, std::string_view b) {
   return CompareFrom(a, b, i);
 }
 
-// Over the primary weights only: texts that compare equal have the same ones.
+bool EqualText(std::string_view a, std::string_view b) { return a == b || CompareText(a, b) == 0; }
+
 std::size_t HashText(std::string_view text) {
-  const std::array<Weight, 128>& weights = AsciiWeights();
-  std::size_t hash = kHashSeed;
+  const Table& table = TheTable();
+  HashBuffer buffer;
   std::size_t i = 0;
+  // Eight ASCII bytes at a time: the capitals among them get 0x20.
+  constexpr std::uint64_t kOnes = 0x0101010101010101ull, kHigh = 0x8080808080808080ull;
+  for (; i + 8 <= text.size(); i += 8) {
+    std::uint64_t x;
+    std::memcpy(&x, text.data() + i, 8);
+    if (x & kHigh) break;
+    std::uint64_t from_a = x + (0x80 - 'A') * kOnes;  // high bit where the byte is 'A' or above
+    std::uint64_t past_z = x + (0x7F - 'Z') * kOnes;  // high bit where the byte is above 'Z'
+    x |= ((from_a & ~past_z) & kHigh) >> 2;
+    buffer.Put8(x);
+  }
   for (; i < text.size(); ++i) {
     auto c = static_cast<unsigned char>(text[i]);
     if (c & 0x80) break;
-    hash = (hash ^ weights[c]) * kHashPrime;
+    buffer.Put(static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c));
   }
   if (i < text.size()) {
     Elements elements(text, i);
-    while (Weight w = elements.NextPrimary()) hash = (hash ^ w) * kHashPrime;
+    while (Weight w = elements.NextPrimary()) buffer.PutWeight(w, table);
   }
-  return hash;
+  return buffer.Finish();
 }
 
 }  // namespace ormelix

@@ -29,6 +29,9 @@ TEST(TextOrder, PairsCompareWithoutRegardToCaseAndUmlautsSortWithTheirLetter) {
       // ASCII
       {"Alpha", "alpine", -1}, {"alpine", "beta", -1}, {"beta", "Gamma", -1}, {"ABC", "abc", 0},
       {"ab", "abc", -1}, {"", "a", -1}, {"", "", 0},
+      {"{8A9B0C1D-AAAA-BBBB-CCCC-DDDDEEEEFFFF}", "{8a9b0c1d-aaaa-bbbb-cccc-ddddeeeeffff}", 0},
+      {"Müller-Lüdenscheidt GmbH & Co KG", "MÜLLER-LÜDENSCHEIDT GMBH & CO KG", 0},
+      {"Müller-Lüdenscheidt GmbH & Co KG", "Müller-Lüdenscheidt GmbH & Co KG.", -1},
       // umlauts: their letter first, the umlaut only between otherwise equal names
       {"ÄRZTE", "ärzte", 0}, {"Österreich", "ÖSTERREICH", 0}, {"ÜBERTRITT", "übertritt", 0},
       {"Arzt", "Ärzte", -1}, {"Ärzte", "Asche", -1}, {"Hanel", "Hänel", -1}, {"Hänel", "Hanelt", -1},

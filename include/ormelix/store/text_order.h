@@ -22,7 +22,7 @@ inline constexpr const char* kTextCollation = "ormelix_text";
 
 // Negative, zero or positive as a sorts before, with or after b (UTF-8 text).
 int CompareText(std::string_view a, std::string_view b);
-inline bool EqualText(std::string_view a, std::string_view b) { return CompareText(a, b) == 0; }
+bool EqualText(std::string_view a, std::string_view b);
 // Equal for every two texts that compare equal.
 std::size_t HashText(std::string_view text);
 
@@ -33,7 +33,7 @@ struct TextLess {
 };
 struct TextEqual {
   using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const { return CompareText(a, b) == 0; }
+  bool operator()(std::string_view a, std::string_view b) const { return EqualText(a, b); }
 };
 struct TextHash {
   using is_transparent = void;
