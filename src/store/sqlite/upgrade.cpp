@@ -199,7 +199,7 @@ bool NeedsUpgrade(sqlite3* db) {
   return false;
 }
 
-void UpgradeStore(sqlite3* db, const std::string& path) {
+bool UpgradeStore(sqlite3* db, const std::string& path) {
   std::vector<Rebuild> rebuilds;
   bool ours = false;
   {
@@ -212,7 +212,7 @@ void UpgradeStore(sqlite3* db, const std::string& path) {
       if (upgraded != sql) rebuilds.push_back({name, upgraded, {}});
     }
   }
-  if (!ours) return;  // no store of this library: nothing is written
+  if (!ours) return false;  // no store of this library: nothing is written
   for (Rebuild& rebuild : rebuilds) {
     Statement indexes(db, "SELECT sql FROM sqlite_master WHERE type='index' AND sql IS NOT NULL AND tbl_name=" +
                               TextLiteral(rebuild.table));
@@ -232,12 +232,14 @@ void UpgradeStore(sqlite3* db, const std::string& path) {
                      path, e.Subject() + ": " + e.BackendMessage(), e.Code());
   }
   Run(db, "PRAGMA foreign_keys=ON");
+  return !rebuilds.empty();
 }
 
 DatabaseHandle OpenUpToDate(DatabaseHandle db, bool read_only, const std::string& path) {
   if (UserVersion(db.get()) >= kStoreVersion) return db;
   if (!read_only) {
-    UpgradeStore(db.get(), path);
+    // The rebuilt tables leave the old pages free: the file is made compact again.
+    if (UpgradeStore(db.get(), path)) Run(db.get(), "VACUUM");
     return db;
   }
   if (!NeedsUpgrade(db.get())) return db;

@@ -22,7 +22,8 @@ bool NeedsUpgrade(sqlite3* db);
 
 // Rebuilds those tables and sets the version; StoreError naming the table that
 // failed, with nothing changed. A store that needs nothing gets the version only.
-void UpgradeStore(sqlite3* db, const std::string& path);
+// True when tables were rebuilt.
+bool UpgradeStore(sqlite3* db, const std::string& path);
 
 // The connection to use for an opened store: the one given, brought up to date
 // if the store needs it. A store opened read-only is not written: an old one is
