@@ -17,11 +17,14 @@ using namespace ValueHelpers;
 using J = LLohn_Jahresdaten;
 using Columns = ColumnSet<LLohn_Jahresdaten>;
 
-// A property of the benefit-in-kind rule inside the year data.
+// A property of the benefit-in-kind rule inside the year data, named
+// SachbezugRegelung.X.
 template <auto M>
-PropertyRef Regelung(LLohn_Jahresdaten& jahresdaten) {
+PropertyRef RegelungGet(LLohn_Jahresdaten& jahresdaten) {
   return &((*jahresdaten.SachbezugRegelung()).*M);
 }
+template <auto M>
+constexpr Property<LLohn_Jahresdaten> Regelung{&RegelungGet<M>, kMemberPath<&LLohn_Jahresdaten::SachbezugRegelung, M>};
 
 // The column is a flag, read through its text: a value whose text is no boolean
 // ("" for Null, say) stops the load at this column.

@@ -19,17 +19,21 @@ using L = LLohn;
 using Columns = ColumnSet<LohnartenLine>;
 using Decl = Columns::Decl;
 
-// A cell of a ZSL_ grid (groups 1 to 6): group, line, month.
+// A cell of a ZSL_ grid (groups 1 to 6): group, line, month; named as the grid.
 template <auto M>
-PropertyRef Zsl(LohnartenLine& row) {
+PropertyRef ZslGet(LohnartenLine& row) {
   return &(row.lohn->*M)(row.group, row.line, row.month);
 }
-
-// A cell of a grid of one group, or a flag of a line: line, month.
 template <auto M>
-PropertyRef Line(LohnartenLine& row) {
+constexpr Property<LohnartenLine> Zsl{&ZslGet<M>, kMemberName<M>};
+
+// A cell of a grid of one group, or a flag of a line: line, month; named as the grid.
+template <auto M>
+PropertyRef LineGet(LohnartenLine& row) {
   return &(row.lohn->*M)(row.line, row.month);
 }
+template <auto M>
+constexpr Property<LohnartenLine> Line{&LineGet<M>, kMemberName<M>};
 
 // Groups 1 to 6: quantity and amount keep two decimals in the store, rate and
 // percentage three.

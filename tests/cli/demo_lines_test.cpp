@@ -62,22 +62,22 @@ TEST_F(DemoLinesTest, TheLinesOfAMonthEachWithItsGroupAndTheColumnsOfItsGroupOnc
   const JsonValue& overtime = lines[1];
   EXPECT_EQ(overtime["Lohnarttyp"].AsNumber(), 1);
   EXPECT_EQ(overtime["SortNr"].AsNumber(), 2);
-  EXPECT_EQ(overtime["Bezeichnung"].AsString(), "Überstunden 50 %");
-  EXPECT_DOUBLE_EQ(overtime["Anzahl"].AsNumber(), 8);
-  EXPECT_DOUBLE_EQ(overtime["Satz"].AsNumber(), 35.14);
+  EXPECT_EQ(overtime["ZSL_Text"].AsString(), "Überstunden 50 %");
+  EXPECT_DOUBLE_EQ(overtime["ZSL_Anzahl"].AsNumber(), 8);
+  EXPECT_DOUBLE_EQ(overtime["ZSL_Satz"].AsNumber(), 35.14);
   EXPECT_EQ(overtime.Size(), 8u);  // the keys, five values and the marking of group 1
   EXPECT_FALSE(overtime["ZSL_DBDZKST_frei"].AsBool());
   EXPECT_TRUE(lines[2]["ZSL_DBDZKST_frei"].AsBool());
-  EXPECT_DOUBLE_EQ(lines[2]["Betrag"].AsNumber(), 200);
+  EXPECT_DOUBLE_EQ(lines[2]["ZSL_Betrag"].AsNumber(), 200);
   EXPECT_EQ(lines[3]["Lohnarttyp"].AsNumber(), 7);
-  EXPECT_FALSE(lines[3].Has("Zuschlag_Prozent"));  // groups 7 and 8 have none
+  EXPECT_FALSE(lines[3].Has("ZSL_Prozent"));  // groups 7 and 8 have none
   EXPECT_EQ(lines[3].Size(), 6u);
   EXPECT_EQ(month["Uebertritt"]["Datum"].AsString(), "");  // no transfer this month
 
   JsonValue allowance = MonthJson("1002", "202503");
   ASSERT_EQ(allowance["Lohnarten"].Size(), 1u);
   EXPECT_EQ(allowance["Lohnarten"][0]["Lohnarttyp"].AsNumber(), 5);  // tax-free under § 68
-  EXPECT_DOUBLE_EQ(allowance["month"]["LFD_Bezüge"].AsNumber(), 2276);  // 14.00 x 160 + 20 x 1.80
+  EXPECT_DOUBLE_EQ(allowance["month"]["LFD_Bezuege"].AsNumber(), 2276);  // 14.00 x 160 + 20 x 1.80
 
   EXPECT_EQ(MonthJson("1001", "202502")["Lohnarten"].Size(), 0u);
 }
@@ -86,10 +86,10 @@ TEST_F(DemoLinesTest, TheApprenticeBecomesAWhiteCollarEmployeeOnTheFifteenth) {
   JsonValue month = MonthJson("1003", "202503");
   const JsonValue& transfer = month["Uebertritt"];
   EXPECT_EQ(transfer["Datum"].AsString(), "2025-03-15");
-  EXPECT_EQ(transfer["BeitragsgruppeKürzel1"].AsString(), "D2");
-  EXPECT_EQ(transfer["BeitragsgruppeKürzel2"].AsString(), "D1");
+  EXPECT_EQ(transfer["BEGRKürzel1"].AsString(), "D2");
+  EXPECT_EQ(transfer["BEGRKürzel2"].AsString(), "D1");
   EXPECT_DOUBLE_EQ(transfer["Basis1"].AsNumber() + transfer["Basis2"].AsNumber(),
-                   month["month"]["LFD_Bezüge"].AsNumber());
+                   month["month"]["LFD_Bezuege"].AsNumber());
   EXPECT_EQ(transfer["LehrJahre"].AsNumber(), 3);
   EXPECT_EQ(month["month"]["op_LehrJahr"].AsNumber(), 3);
 
@@ -106,7 +106,7 @@ TEST_F(DemoLinesTest, EachYearHasItsOwnYearData) {
   EXPECT_EQ(y2024["Jahresdaten"]["Bemerkung"].AsString(), "Jahresdaten 2024");
   EXPECT_EQ(y2025["Jahresdaten"]["Bemerkung"].AsString(), "Jahresdaten 2025");
   EXPECT_EQ(y2025["Jahresdaten"]["DZBundesland"].AsNumber(), 9);
-  EXPECT_EQ(y2024["Jahresdaten"]["SBezugJahr"].AsNumber(), 2024);  // the managing director's company car
+  EXPECT_EQ(y2024["Jahresdaten"]["SachbezugRegelung"]["SBezugJahr"].AsNumber(), 2024);  // the managing director's company car
   EXPECT_EQ(y2025["Jahresdaten"]["KFZ_Anzahl_Kalendermonate"].AsNumber(), 12);
   EXPECT_FALSE(y2025["Jahresdaten"]["AngewandterKV"].AsBool());
   EXPECT_NE(Month("1004", "202503", false).out.find("Jahresdaten 2025"), std::string::npos);

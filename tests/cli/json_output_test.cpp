@@ -56,6 +56,7 @@ test::TempDir* JsonOutput::dir_ = nullptr;
 
 TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
   Show({"employers"});
+  for (const char* period : {"202401", "202503"}) Show({"countries", "--period", period});
   for (const char* folder : {"Standard", "Wiederherstellung"})
     for (const char* period : {"202312", "202401", "202406", "202503", "202512"})
       Show({"base", "--period", period, "--folder", folder});

@@ -74,7 +74,7 @@ void AddLinesTransferYear(json::Value& document, LLohn& lohn, int month) {
     json::Value object = json::Value::MakeObject();
     object.Set("Lohnarttyp", line.row.group);
     object.Set("SortNr", line.row.line);
-    for (const ColumnValue& value : line.values) object.Set(value.column, ValueJson(value));
+    AddValues(object, line.values);
     lines.Push(std::move(object));
   }
   document.Set("Uebertritt", ColumnsJson(modDatabase::UebertritteColumns(), *lohn.Uebertritt(month)));
