@@ -69,9 +69,11 @@ TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
           numbers.push_back(static_cast<int>(e["Mitarbeiter"]["Personalnummer"].AsNumber()));
     }
   ASSERT_EQ(numbers.size(), 5u);
-  for (int number : numbers)
+  for (int number : numbers) {
     for (const char* period : {"202401", "202406", "202503", "202504"})  // 202504: a month without a row
       Show({"month", "--employee", std::to_string(number), "--period", period});
+    for (const char* year : {"2024", "2025"}) Show({"career", "--employee", std::to_string(number), "--year", year});
+  }
 }
 
 TEST_F(JsonOutput, AMonthShowsBothPropertiesOfTheCrossedColumn) {

@@ -130,12 +130,10 @@ json::Value StepJson(LLohn_Laufbahn& step) {
   j.Set("GrundIndex", static_cast<int>(step.GrundIndex));
   j.Set("GrundKürzel", step.GrundKürzel);
   j.Set("WochengeldDatumEnde", FormatDate(step.WochengeldDatumEnde()));
-  for (const ColumnValue& value : ColumnValues(LaufbahnColumns(), step)) {
-    // The column Bef_Tage2 is read into the property Bef_Tage; the key shows the
-    // property Bef_Tage2 itself.
-    if (value.column == "Bef_Tage2") j.Set(value.column, static_cast<int>(step.Bef_Tage2));
-    else j.Set(value.column, ValueJson(value));
-  }
+  AddColumns(j, LaufbahnColumns(), step);
+  // The column Bef_Tage2 is read into the property Bef_Tage, so the property
+  // Bef_Tage2 has no column of its own; it is shown as it stands.
+  j.Set("Bef_Tage2", static_cast<int>(step.Bef_Tage2));
   return j;
 }
 

@@ -18,10 +18,10 @@ namespace cli {
 // the value as it is stored.
 struct ColumnValue {
   std::string name;
-  std::string column;  // the store's column it is read from (or written to)
   std::optional<ormelix::PropertyRef> property;
   ormelix::Variant stored;
   ormelix::LoadAs load = ormelix::LoadAs::None;  // a date shows as a date
+  std::string column = {};  // the store's column it is read from (or written to); "" for none
 };
 
 json::Value ValueJson(const ColumnValue& value);
@@ -42,8 +42,8 @@ std::vector<ColumnValue> ColumnValues(const ormelix::ColumnSet<Target>& columns,
   };
   for (const auto& decl : columns.Columns()) {
     if (!decl.column || seen(decl.Name())) continue;
-    if (decl.property) values.push_back({decl.Name(), decl.column, decl.property(target), {}, decl.load});
-    else if (decl.save_with) values.push_back({decl.Name(), decl.column, std::nullopt, decl.save_with(target), decl.load});
+    if (decl.property) values.push_back({decl.Name(), decl.property(target), {}, decl.load, decl.column});
+    else if (decl.save_with) values.push_back({decl.Name(), std::nullopt, decl.save_with(target), decl.load, decl.column});
   }
   return values;
 }

@@ -177,13 +177,14 @@ struct MemberClass<T C::*> {
 };
 }  // namespace detail
 
-// A plain member of the target: Member<&clsMandant::Name>, named "Name".
-template <auto M>
-PropertyRef MemberGet(typename detail::MemberClass<decltype(M)>::type& target) {
+// A plain member of the target: Member<&clsMandant::Name>, named "Name" (the
+// target may be given, for a member of a base class: Member<&Base::x, Target>).
+template <auto M, class Target>
+PropertyRef MemberGet(Target& target) {
   return &(target.*M);
 }
-template <auto M>
-inline constexpr Property<typename detail::MemberClass<decltype(M)>::type> Member{&MemberGet<M>, kMemberName<M>};
+template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
+inline constexpr Property<Target> Member{&MemberGet<M, Target>, kMemberName<M>};
 
 template <class Target>
 class ColumnSet {
