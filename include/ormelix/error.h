@@ -2,8 +2,10 @@
 // except range failures of indexed properties, which are std::out_of_range.
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace ormelix {
 
@@ -12,9 +14,14 @@ class Error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The first `limit` characters of a text (an SQL statement, say) for a message,
+// cut at a character boundary and marked "..." where cut, on one line.
+std::string ShortenForMessage(std::string_view text, std::size_t limit = 200);
+
 // A statement, filter, field or file the store could not serve. Subject() is the
-// SQL text, filter text, field name or path that was being worked on;
-// BackendMessage() is what the backend said (may be empty for our own checks).
+// SQL text, filter text, field name or path that was being worked on (whole);
+// what() names it by its first 200 characters. BackendMessage() is what the
+// backend said (may be empty for our own checks).
 class StoreError : public Error {
  public:
   StoreError(const std::string& what_failed, std::string subject, std::string backend_message = {}, int code = 0);

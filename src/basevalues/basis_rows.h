@@ -65,9 +65,11 @@ std::string SaveHeadRow(Recordset& rs, const ColumnSet<T>& columns, T& target, c
 template <class T>
 void SaveSingleRow(clsManager& manager, const char* table, const ColumnSet<T>& columns, T& target,
                    const std::string& zeittabellen_id) {
+  StoreWriteTransaction save(PayrollStore(manager), StoreWriteTransaction::KeepWritten);
   auto rs = OpenWrite(manager, RowOfTable(table, zeittabellen_id));
   SaveHeadRow(*rs, columns, target, zeittabellen_id);
   rs->Close();
+  save.Commit();
 }
 
 // The value row of one group below a head row, in a recordset over the whole value

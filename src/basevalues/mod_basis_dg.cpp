@@ -159,12 +159,14 @@ void LoadBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeitt
 }
 
 void SaveBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   std::string dg_id = detail::SaveHeadRow(*head, DGColumns(), pDG, pZeittabellenID);
   auto values = detail::OpenWrite(pManager, ValuesOf(dg_id));
   for (const DGZeile& zeile : DGZeilen()) SaveRow(pDG, *values, zeile, dg_id);
   head->Close();
   values->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modBasiswerte

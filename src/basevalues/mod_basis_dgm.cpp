@@ -87,6 +87,7 @@ void LoadBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, cons
 }
 
 void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   DGMHead target{&pDGM, &pSA};
   std::string dg_id = detail::SaveHeadRow(*head, DGMColumns(), target, pZeittabellenID);
@@ -97,6 +98,7 @@ void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, cons
     detail::SaveGroupRow(*values, ValueRow(dg_id, group), DGMWerteColumns(), row);
   }
   values->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modBasiswerte

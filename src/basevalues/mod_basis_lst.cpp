@@ -74,6 +74,7 @@ void LoadBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string
 }
 
 void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   if (rs->Eof()) {
     rs->AddNew();
@@ -89,9 +90,11 @@ void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZe
   }
   SaveBasisLSTWerte(pManager, pLST, ToText(rs->Fields("ID")));
   rs->Close();
+  save.Commit();
 }
 
 void SaveBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   detail::PayrollStore(pManager).ExecuteSql(
       "DELETE * FROM [Basiswerte_Zeittabelle_LST_Werte] WHERE [LohnsteuerID]=" + SqlID(pLohnsteuerID), true);
   auto rs = detail::OpenWrite(pManager, BandsOf(pLohnsteuerID));
@@ -103,6 +106,7 @@ void SaveBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string
     rs->MoveNext();
   }
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modBasiswerte

@@ -89,6 +89,7 @@ void LoadBasisPP(clsManager& pManager, LBasis_PP& pPP, const std::string& pZeitt
 }
 
 void SaveBasisPP(clsManager& pManager, LBasis_PP& pPP, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, BandsOf(pZeittabellenID));
   for (int band = 1; band <= 4; ++band) {
     rs->Filter("[SortNr]=" + std::to_string(band));
@@ -102,6 +103,7 @@ void SaveBasisPP(clsManager& pManager, LBasis_PP& pPP, const std::string& pZeitt
     rs->Update();
   }
   rs->Close();
+  save.Commit();
 }
 
 void LoadBasisFB(clsManager& pManager, LBasis_FB& pFB, const std::string& pZeittabellenID) {

@@ -73,6 +73,7 @@ void LoadBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeitt
 }
 
 void SaveBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   auto values = detail::OpenWrite(pManager, kAllValues);
   std::string parent_id = detail::SaveHeadRow(*head, SAColumns(), pSA, pZeittabellenID);
@@ -80,6 +81,7 @@ void SaveBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeitt
     detail::SaveGroupRow(*values, ValueRow(parent_id, group), SAWerteColumns(), *pSA.Gruppe(group));
   head->Close();
   values->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modBasiswerte

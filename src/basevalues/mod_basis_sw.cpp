@@ -72,6 +72,7 @@ void LoadBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeitt
 }
 
 void SaveBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeittabellenID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto head = detail::OpenWrite(pManager, detail::RowOfTable(kHead, pZeittabellenID));
   auto values = detail::OpenWrite(pManager, kAllValues);
   std::string parent_id = detail::SaveHeadRow(*head, SWColumns(), pSW, pZeittabellenID);
@@ -79,6 +80,7 @@ void SaveBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeitt
     detail::SaveGroupRow(*values, ValueRow(parent_id, group.gruppe), SWWerteColumns(), *pSW.Gruppe(group.gruppe));
   head->Close();
   values->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modBasiswerte

@@ -37,6 +37,7 @@ void LoadBasisordner(clsManager& pManager, clsBasisordner& pBasisordner, const s
 }
 
 void SaveBasisordner(clsManager& pManager, clsBasisordner& pBasisordner) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, "SELECT * FROM [Basiswerte]");
   rs->Filter("[ID]=" + SqlID(pBasisordner.ID()));
   if (rs->Eof()) rs->AddNew();
@@ -44,6 +45,7 @@ void SaveBasisordner(clsManager& pManager, clsBasisordner& pBasisordner) {
   rs->Update();
   pBasisordner.SetID(DateHelpers::GetNewRowID(*rs));
   rs->Close();
+  save.Commit();
 }
 
 bool DeleteBasisordner(clsManager& pManager, const std::string& pID) {

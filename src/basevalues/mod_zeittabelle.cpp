@@ -63,6 +63,8 @@ void LoadZeittabelle(clsManager& pManager, LBasis& pBasis, const std::string& pI
 }
 
 void SaveZeittabelle(clsManager& pManager, LBasis& pBasis, const std::string& pBasisID) {
+  // The table's own row is one save; each sub-object is one more.
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, kAllTables);
   rs->Filter("[ID]=" + SqlID(pBasis.ID()));
   if (rs->Eof()) {
@@ -73,8 +75,9 @@ void SaveZeittabelle(clsManager& pManager, LBasis& pBasis, const std::string& pB
   rs->Update();
   pBasis.SetID(DateHelpers::GetNewRowID(*rs));
   pBasis.SetBasisID(pBasisID);
-  SaveSubObjects(pManager, pBasis, pBasis.ID());
   rs->Close();
+  save.Commit();
+  SaveSubObjects(pManager, pBasis, pBasis.ID());
 }
 
 std::shared_ptr<LBasis> CopyZeittabelle(clsManager& pManager, const std::string& pSourceID,

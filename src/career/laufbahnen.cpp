@@ -61,14 +61,17 @@ bool LLohn_Laufbahnen::UpdateBef(const StepPtr& pLaufbahn) {
   bool result = false;
   try {
     if (DateHelpers::IsNothingObject(pLaufbahn)) return false;
+    StoreWriteTransaction save(detail::PayrollStore(*manager_.Get()), StoreWriteTransaction::KeepWritten);
     auto rs = detail::OpenWrite(*manager_.Get(),
                                 "SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [ID]=" + ValueHelpers::SqlID(pLaufbahn->ID));
-    if (!rs->Eof()) {
+    bool found = !rs->Eof();
+    if (found) {
       LaufbahnColumns().Save(*pLaufbahn, *rs);
       rs->Update();
-      result = true;
     }
     rs->Close();
+    save.Commit();
+    result = found;
   } catch (const std::exception&) {
     // The payroll program asks for the answer only: a failed write is False.
   }

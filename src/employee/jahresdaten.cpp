@@ -92,6 +92,7 @@ void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 }
 
 void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(YearSql(SqlID(pMitarbeiterID), pManager.AktJahr), adOpenDynamic,
                                                  adLockOptimistic);
   if (rs->Eof()) {
@@ -102,6 +103,7 @@ void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMit
   JahresdatenColumns().Save(*pLohn.Jahresdaten(), *rs);
   rs->Update();
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

@@ -166,6 +166,7 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveLohnarten", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum) + " ORDER BY [SortNr]", adOpenDynamic,
       adLockOptimistic);
@@ -190,6 +191,7 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
     }
   }
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

@@ -308,6 +308,7 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
     throw std::out_of_range("SaveLohnzettel(" + std::to_string(month) +
                             "): the month to save (pMonat, or AktMonat for 0) must be 1..12");
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(
       MonthSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -322,6 +323,7 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
   SaveErsatzleistungen(pManager, pLohn, row_id, month);
   SaveKurzarbeit(pManager, *pLohn.Kurzarbeit(month), row_id);
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

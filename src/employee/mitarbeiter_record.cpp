@@ -138,6 +138,7 @@ void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string
 }
 
 void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter", "ID", pMitarbeiterID), adOpenDynamic,
                                                  adLockOptimistic);
   // A save never inserts: the row comes from InsertMitarbeiterRecord.
@@ -146,17 +147,20 @@ void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string
     rs->Update();
   }
   rs->Close();
+  save.Commit();
 }
 
 std::string InsertMitarbeiterRecord(clsManager& pManager) {
   const auto& employer = pManager.AktMandant();
   if (!employer) throw Error("an employee can only be added for a current employer: call ChangeAktMandant first");
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset("SELECT * FROM [Mitarbeiter]", adOpenDynamic, adLockOptimistic);
   rs->AddNew();
   rs->Collect("MandantenID", Variant(SqlID(employer->ID())));
   rs->Update();
   std::string id = DateHelpers::GetNewRowID(*rs);
   rs->Close();
+  save.Commit();
   return id;
 }
 
@@ -167,6 +171,7 @@ void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& p
 }
 
 void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(
       EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", pMitarbeiterID), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -176,6 +181,7 @@ void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& p
   BankverbindungColumns().Save(pLohn, *rs);
   rs->Update();
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

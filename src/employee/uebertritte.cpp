@@ -54,6 +54,7 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveUebertritte", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -64,6 +65,7 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
   UebertritteColumns().Save(*pLohn.Uebertritt(month), *rs);
   rs->Update();
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

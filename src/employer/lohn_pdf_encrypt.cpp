@@ -21,6 +21,7 @@ void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 }
 
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, "SELECT * FROM [Mitarbeiter_PDFEncrypt] WHERE [MitarbeiterID]=" +
                                             ValueHelpers::SqlID(pMitarbeiterID));
   if (rs->Eof()) {
@@ -30,6 +31,7 @@ void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMita
   rs->Collect("VSPassword", Variant(EncryptPassword(pLohn.PDFEncrypt()->VSPassword)));
   rs->Update();
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

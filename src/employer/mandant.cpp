@@ -94,6 +94,8 @@ bool clsMandant::Update(bool pRekursiv) {
   if (DateHelpers::IsNothingObject(lohn_db_)) return false;
   std::string sql = "SELECT * FROM [Mandanten]";
   if (DateHelpers::IsID(Variant(id_))) sql += " WHERE [ID]=" + id_;
+  // The employer's row is one save; each side record is one more.
+  StoreWriteTransaction save(lohn_db_->Session(), StoreWriteTransaction::KeepWritten);
   auto rs = lohn_db_->Session().OpenRecordset(sql, adOpenDynamic, adLockOptimistic);
   bool added = rs->Eof();
   if (added) rs->AddNew();
@@ -109,8 +111,9 @@ bool clsMandant::Update(bool pRekursiv) {
     }
     id_ = ValueHelpers::ToText(rs->Fields("ID"));
   }
-  if (pRekursiv) SaveSideRecords();
   rs->Close();
+  save.Commit();
+  if (pRekursiv) SaveSideRecords();
   return true;
 }
 

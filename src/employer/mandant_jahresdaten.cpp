@@ -48,10 +48,12 @@ bool clsMandant_Jahresdaten::Update(const clsMandant* pMandant) {
   // The two terms stand side by side, with no AND: kept as it always was (see the header).
   if (DateHelpers::IsID(Variant(ID))) sql += " WHERE [ID]=" + ID + " [Jahr]=" + std::to_string(jahr_);
   bool added = false;
+  StoreWriteTransaction save(lohn_db_->Session(), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenSideRecordForSave(lohn_db_, sql, *employer, &added);
   if (added) rs->Collect("Jahr", Variant(jahr_));
   JahresdatenColumns().Save(*this, *rs);
   ID = detail::StoreSideRecord(*rs);
+  save.Commit();
   return true;
 }
 

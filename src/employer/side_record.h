@@ -67,17 +67,19 @@ bool LoadSideRecord(const StoreConnectionPtr& db, const std::string& statement, 
 
 // The whole save of such a record for the employer pMandant: the checks, the
 // statement (`base` and the record's own key), the columns, then `after` before
-// the row is stored; ID becomes the key of the row written.
+// the row is stored; ID becomes the key of the row written. One write transaction.
 template <class Record>
 bool SaveSideRecord(const StoreConnectionPtr& db, const std::string& base, Record& record,
                     const ColumnSet<Record>& columns, const clsMandant* pMandant,
                     const std::function<void(Recordset&)>& after = {}) {
   auto employer = SideRecordEmployerKey(db, record.ID, pMandant);
   if (!employer) return false;
+  StoreWriteTransaction save(db->Session(), StoreWriteTransaction::KeepWritten);
   auto rs = OpenSideRecordForSave(db, SideRecordSaveSql(base, record.ID), *employer);
   columns.Save(record, *rs);
   if (after) after(*rs);
   record.ID = StoreSideRecord(*rs);
+  save.Commit();
   return true;
 }
 

@@ -1,5 +1,7 @@
 #include "ormelix/session/settings.h"
 
+#include <optional>
+
 #include "ormelix/error.h"
 #include "ormelix/session/messages.h"
 #include "ormelix/store/date_helpers.h"
@@ -17,6 +19,14 @@ void ReportFailure(const char* headline, const std::exception& error) {
     if (!store->BackendMessage().empty()) description = store->BackendMessage();
   }
   ShowMessage(std::string(headline) + "\n\nFehler: " + std::to_string(number) + ", " + description);
+}
+
+// A change of the table is one write transaction from the read of the rows on, so
+// that two programs setting one new value give one row. Without an open store
+// there is nothing to write, and OpenSettings tells why.
+void BeginChange(std::optional<StoreWriteTransaction>& change, const StoreConnectionPtr& database) {
+  if (database && database->Session().IsOpen())
+    change.emplace(database->Session(), StoreWriteTransaction::KeepWritten);
 }
 
 }  // namespace
@@ -77,6 +87,8 @@ bool clsSettings::ExistValue(const std::string& pSection, const std::string& pFi
 
 void clsSettings::SetValue(const std::string& pSection, const std::string& pField, const Variant& pValue,
                            const std::string& pSubField) {
+  std::optional<StoreWriteTransaction> change;
+  BeginChange(change, settings_database_);
   if (!Select(pSection, pField, pSubField)) return;
   Recordset& rs = *settings_recordset_;
   if (rs.Eof()) {
@@ -87,11 +99,15 @@ void clsSettings::SetValue(const std::string& pSection, const std::string& pFiel
   }
   rs.Collect("Values", pValue.IsEmpty() ? Variant::NullValue() : pValue);
   rs.Update();
+  if (change) change->Commit();
 }
 
 void clsSettings::DeleteValue(const std::string& pSection, const std::string& pField, const std::string& pSubField) {
+  std::optional<StoreWriteTransaction> change;
+  BeginChange(change, settings_database_);
   if (!Select(pSection, pField, pSubField)) return;
   if (!settings_recordset_->Eof()) settings_recordset_->Delete();
+  if (change) change->Commit();
 }
 
 }  // namespace ormelix

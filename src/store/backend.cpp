@@ -44,8 +44,18 @@ ConnectOptions ParseConnect(const std::string& connect, const std::string& path)
       options.read_only = true;
       return;
     }
+    if (folded.rfind("busy_timeout=", 0) == 0) {
+      std::string number = folded.substr(13);
+      bool digits = !number.empty() && number.size() <= 7 &&
+                    number.find_first_not_of("0123456789") == std::string::npos;
+      if (digits) {
+        options.busy_timeout_ms = std::stoi(number);
+        return;
+      }
+    }
     throw StoreError("unknown store kind or option", path,
-                     "the connect text '" + connect + "' holds '" + folded + "'; expected sqlite and readonly");
+                     "the connect text '" + connect + "' holds '" + folded +
+                         "'; expected sqlite, readonly and busy_timeout=MILLISECONDS");
   };
   for (char c : connect) {
     if (c == ';' || c == ',') take();

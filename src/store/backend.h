@@ -50,8 +50,9 @@ struct QueryResult {
 };
 
 // The layout version of an SQLite store, kept in its user_version: 0 for a store
-// made before text columns declared the store's text order, 1 since.
-inline constexpr int kSqliteStoreVersion = 1;
+// made before text columns declared the store's text order, 1 since, 2 once the
+// tables of one row per key have their unique indexes.
+inline constexpr int kSqliteStoreVersion = 2;
 
 // The column every writable table carries to tell its rows apart.
 inline constexpr const char* kRowKeyColumn = "Nr";
@@ -77,6 +78,17 @@ class Backend {
 
   // Runs statements of the backend's own dialect, as they stand (schema creation).
   virtual void ExecuteNative(const std::string& script) = 0;
+
+  // One write transaction, as the session's StoreWriteTransaction asks for it
+  // (only the outermost scope reaches the backend). BeginWrite takes the store's
+  // write lock at once, waiting the busy timeout for another program's, so that
+  // what is read after it stays true until CommitWrite; a store that is read-only,
+  // locked, moved or gone fails here with a StoreError. CommitWrite makes the
+  // writes since BeginWrite durable together; RollbackWrite drops them and does
+  // nothing when no transaction is open (it also serves unwinding).
+  virtual void BeginWrite() = 0;
+  virtual void CommitWrite() = 0;
+  virtual void RollbackWrite() = 0;
 
   // Writes for updatable recordsets. InsertRow gives the stored row as
   // "SELECT * FROM table" shows it (with the key and defaults the store filled).
@@ -118,11 +130,13 @@ class Backend {
 };
 
 // What the connect text of a store asks for: the backend ("sqlite", the default)
-// and options ("readonly"), separated by ';' or ','. StoreError naming the path for
-// anything else.
+// and options ("readonly", "busy_timeout=MS"), separated by ';' or ','.
+// StoreError naming the path for anything else.
 struct ConnectOptions {
   std::string backend = "sqlite";
   bool read_only = false;
+  // How long a statement waits for another program's lock before it fails.
+  int busy_timeout_ms = 5000;
 };
 ConnectOptions ParseConnect(const std::string& connect, const std::string& path);
 

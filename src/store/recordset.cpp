@@ -297,6 +297,16 @@ const Variant& Field::Peek() const {
 
 const std::string& Field::Name() const { return recordset_->FieldName(column_); }
 
+std::string Field::Where() const {
+  std::string where = "column " + Name();
+  const std::string& table = recordset_->FieldTable(column_);
+  if (!table.empty()) where += " of table " + table;
+  int id = recordset_->FindFieldIndex("ID");
+  const Variant* key = id >= 0 ? recordset_->CurrentCell(id) : nullptr;
+  if (key && key->IsText()) where += ", row " + key->AsText();
+  return where + " (in: " + ShortenForMessage(recordset_->Sql()) + ")";
+}
+
 // ----- Recordset -----
 
 Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, CursorTypeEnum cursor,
@@ -377,6 +387,8 @@ int Recordset::FindFieldIndex(std::string_view name) const {
 int Recordset::FieldCount() const { return static_cast<int>(impl_->Width()); }
 
 const std::string& Recordset::FieldName(int index) const { return impl_->layout->Columns().at(index).name; }
+
+const std::string& Recordset::FieldTable(int index) const { return impl_->layout->Columns().at(index).table; }
 
 const Variant* Recordset::CurrentCell(int column) const { return impl_->Cell(column); }
 

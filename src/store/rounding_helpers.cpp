@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string>
 
+#include "ormelix/error.h"
+#include "ormelix/store/recordset.h"
 #include "ormelix/store/value_helpers.h"
 
 namespace ormelix::RoundingHelpers {
@@ -58,7 +60,13 @@ double RoundTo(float value, int digits) { return RoundDecimal(static_cast<double
 
 double RoundTo(const Variant& value, int digits) { return RoundTo(ValueHelpers::ToAmount(value), digits); }
 
-double RoundTo(const Field& field, int digits) { return RoundTo(field.Peek(), digits); }
+double RoundTo(const Field& field, int digits) {
+  try {
+    return RoundTo(field.Peek(), digits);
+  } catch (const ConversionError& e) {
+    throw ConversionError("the stored value in " + field.Where() + " cannot be read: " + e.what());
+  }
+}
 
 double DivideExact(double a, double b, int digits) {
   if (b == 0) return 0;

@@ -44,17 +44,18 @@ std::vector<SchemaTable> ParseTables(const char* source, const char* file) {
       table.name = words[1];
       table.keyed = !(words.size() > 2 && words[2] == "nokey");
       tables.push_back(std::move(table));
-    } else if (words[0] == "index") {
-      std::string rest = line.substr(line.find("index") + 5);
+    } else if (words[0] == "index" || words[0] == "unique") {
+      std::string rest = line.substr(line.find(words[0]) + words[0].size());
       std::size_t open = rest.find('('), close = rest.find(')');
       if (open == std::string::npos || close == std::string::npos) fail("index needs (columns)");
       std::string name(TrimBlanks(rest.substr(0, open)));
       auto table = std::find_if(tables.begin(), tables.end(), [&](const SchemaTable& t) { return t.name == name; });
       if (table == tables.end()) fail("index of an unknown table " + name);
-      std::vector<std::string> columns;
+      SchemaIndex index;
+      index.unique = words[0] == "unique";
       std::istringstream list(rest.substr(open + 1, close - open - 1));
-      for (std::string column; std::getline(list, column, ',');) columns.emplace_back(TrimBlanks(column));
-      table->indexes.push_back(std::move(columns));
+      for (std::string column; std::getline(list, column, ',');) index.columns.emplace_back(TrimBlanks(column));
+      table->indexes.push_back(std::move(index));
     } else {
       if (tables.empty()) fail("column outside a table");
       if (words.size() < 2) fail("column without a type");
@@ -123,6 +124,18 @@ const char* kPostgresGuid = "('{' || upper(gen_random_uuid()::text) || '}')";
 
 }  // namespace
 
+std::string SchemaIndexName(const SchemaTable& table, std::size_t position) {
+  return "ix_" + table.name + "_" + std::to_string(position);
+}
+
+std::string SchemaIndexDdl(const SchemaTable& table, std::size_t position) {
+  const SchemaIndex& index = table.indexes.at(position - 1);
+  std::string columns;
+  for (const std::string& column : index.columns) columns += (columns.empty() ? "" : ", ") + Quote(column);
+  return std::string(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+         Quote(SchemaIndexName(table, position)) + " ON " + Quote(table.name) + " (" + columns + ")";
+}
+
 const std::vector<SchemaTable>& SchemaTables(StoreKind kind) {
   static const std::vector<SchemaTable> payroll = ParseTables(detail::kPayrollTables, "payroll.tables");
   static const std::vector<SchemaTable> reference = ParseTables(detail::kReferenceTables, "reference.tables");
@@ -158,13 +171,7 @@ std::string SchemaDdl(StoreKind kind, std::string_view dialect) {
     ddl += "CREATE TABLE " + Quote(table.name) + " (\n";
     for (std::size_t i = 0; i < lines.size(); ++i) ddl += lines[i] + (i + 1 < lines.size() ? ",\n" : "\n");
     ddl += ");\n";
-    int n = 0;
-    for (const auto& index : table.indexes) {
-      std::string columns;
-      for (const std::string& column : index) columns += (columns.empty() ? "" : ", ") + Quote(column);
-      ddl += "CREATE INDEX " + Quote("ix_" + table.name + "_" + std::to_string(++n)) + " ON " + Quote(table.name) +
-             " (" + columns + ");\n";
-    }
+    for (std::size_t i = 0; i < table.indexes.size(); ++i) ddl += SchemaIndexDdl(table, i + 1) + ";\n";
     ddl += "\n";
   }
   return ddl;

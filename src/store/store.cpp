@@ -22,13 +22,63 @@ Variant StoreSession::ExecuteSql(std::string_view sql, bool) {
 
 bool StoreSession::IsOpen() const { return backend_->IsOpen(); }
 
-void StoreSession::OpenStore(const std::string& path, const std::string& connect) { backend_->Open(path, connect); }
+void StoreSession::OpenStore(const std::string& path, const std::string& connect) {
+  write_depth_ = 0;
+  backend_->Open(path, connect);
+}
 
-void StoreSession::CloseStore() { backend_->Close(); }
+void StoreSession::CloseStore() {
+  write_depth_ = 0;  // closing drops an open transaction
+  backend_->Close();
+}
 
 std::string StoreSession::StorePath() const { return backend_->Path(); }
 
 std::string StoreSession::StoreConnect() const { return backend_->Connect(); }
+
+StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind)
+    : session_(session), on_unwind_(on_unwind) {
+  if (!session_.backend_->IsOpen()) throw StoreError("the store is closed", "write transaction");
+  outermost_ = session_.write_depth_ == 0;
+  if (outermost_) session_.backend_->BeginWrite();
+  ++session_.write_depth_;
+}
+
+StoreWriteTransaction::~StoreWriteTransaction() {
+  if (!open_) return;
+  if (session_.write_depth_ > 0) --session_.write_depth_;
+  if (!outermost_) return;
+  // Unwinding already carries the failure that matters: what goes wrong here is
+  // not raised. A store that can do neither drops the transaction when its
+  // connection closes.
+  if (on_unwind_ == KeepWritten) {
+    try {
+      session_.backend_->CommitWrite();
+      return;
+    } catch (...) {
+    }
+  }
+  try {
+    session_.backend_->RollbackWrite();
+  } catch (...) {
+  }
+}
+
+void StoreWriteTransaction::Commit() {
+  if (!open_) return;
+  open_ = false;
+  if (session_.write_depth_ > 0) --session_.write_depth_;
+  if (!outermost_) return;
+  try {
+    session_.backend_->CommitWrite();
+  } catch (...) {
+    try {
+      session_.backend_->RollbackWrite();
+    } catch (...) {
+    }
+    throw;
+  }
+}
 
 std::shared_ptr<StoreConnection> StoreConnection::Open(const std::string& path, const std::string& connect) {
   auto backend = detail::MakeBackend(connect, path);

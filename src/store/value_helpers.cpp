@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <limits>
 #include <random>
+#include <stdexcept>
 
 #include "ormelix/error.h"
 #include "ormelix/store/date_helpers.h"
@@ -98,13 +99,30 @@ Date ToDate(const Variant& value) {
 
 Variant ToVariantValue(const Variant& value, bool) { return value; }
 
+namespace {
+
+// A stored value that cannot be read is named with where it lies, so that a
+// payroll office can find the row.
+template <class Convert>
+auto ReadField(const Field& field, Convert convert) -> decltype(convert(field.Peek())) {
+  try {
+    return convert(field.Peek());
+  } catch (const ConversionError& e) {
+    throw ConversionError("the stored value in " + field.Where() + " cannot be read: " + e.what());
+  } catch (const std::out_of_range& e) {
+    throw std::out_of_range("the stored value in " + field.Where() + " cannot be read: " + e.what());
+  }
+}
+
+}  // namespace
+
 std::string ToText(const Field& field) { return ToText(field.Peek()); }
-bool ToFlag(const Field& field) { return ToFlag(field.Peek()); }
-std::int32_t ToLong(const Field& field) { return ToLong(field.Peek()); }
-std::int16_t ToInteger(const Field& field) { return ToInteger(field.Peek()); }
-float ToSingle(const Field& field) { return ToSingle(field.Peek()); }
-double ToAmount(const Field& field) { return ToAmount(field.Peek()); }
-Date ToDate(const Field& field) { return ToDate(field.Peek()); }
+bool ToFlag(const Field& field) { return ReadField(field, [](const Variant& v) { return ToFlag(v); }); }
+std::int32_t ToLong(const Field& field) { return ReadField(field, [](const Variant& v) { return ToLong(v); }); }
+std::int16_t ToInteger(const Field& field) { return ReadField(field, [](const Variant& v) { return ToInteger(v); }); }
+float ToSingle(const Field& field) { return ReadField(field, [](const Variant& v) { return ToSingle(v); }); }
+double ToAmount(const Field& field) { return ReadField(field, [](const Variant& v) { return ToAmount(v); }); }
+Date ToDate(const Field& field) { return ReadField(field, [](const Variant& v) { return ToDate(v); }); }
 Variant ToVariantValue(const Field& field, bool flag) { return ToVariantValue(field.Peek(), flag); }
 
 bool TextToBool(const std::string& text) {

@@ -228,7 +228,7 @@ TEST_F(RecordsetTest, WritesGoToTheStoreAndTheFilterIndexFollowsThem) {
   rs->Filter("[Zeitraum]=202501");
   EXPECT_EQ(rs->RecordCount(), 1);
   rs->AddNew();
-  rs->Collect("MitarbeiterID", employee);
+  rs->Collect("MitarbeiterID", "{00000000-0000-0000-0000-0000000000B2}");  // another employee's month
   rs->Collect("Zeitraum", 202501);
   rs->Update();
   rs->Filter("[Zeitraum]=202501");

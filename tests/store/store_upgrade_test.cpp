@@ -84,7 +84,7 @@ TEST_F(OldStore, OpenedWritableItIsRebuiltWithEveryRowKeyAutonumberIndexAndCasca
     db->Session().ExecuteSql("DELETE * FROM [Basiswerte] WHERE [ID]=" + std::string(kFolderA), true);
     EXPECT_EQ(test::CountRows(db, "Basiswerte_Zeittabelle"), 0);
   }
-  EXPECT_EQ(test::UserVersion(path), 1);
+  EXPECT_EQ(test::UserVersion(path), 2);  // text order, then unique keys
   // Opened again, it is a store of the new layout and is not rebuilt again.
   auto again = StoreConnection::Open(path);
   auto tables = again->Session().OpenRecordset("SELECT [sql] FROM [sqlite_master] WHERE [name]='Basiswerte'");
@@ -135,7 +135,7 @@ TEST(OtherFiles, ADatabaseThatHoldsNoTableOfTheStoresIsLeftAsItIs) {
 TEST(NewStores, AreMadeInTheCurrentLayout) {
   test::TempDir dir;
   auto db = test::NewStore(dir);
-  EXPECT_EQ(test::UserVersion(db->Session().StorePath()), 1);
+  EXPECT_EQ(test::UserVersion(db->Session().StorePath()), 2);
 }
 
 }  // namespace

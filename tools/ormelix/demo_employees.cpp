@@ -82,8 +82,8 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
   std::vector<Person> people = demo::People(extra);
   StoreSession& db = manager.AktDB()->Session();
   std::map<std::int16_t, const Person*> by_number;
-  db.ExecuteSql("BEGIN", true);  // one transaction for the whole build: the store is new
-  try {
+  StoreWriteTransaction build(db);  // one transaction for the whole build: the store is new
+  {
     Progress progress("creating employees");
     for (std::size_t i = 0; i < people.size(); ++i) {
       const Person& p = people[i];
@@ -127,11 +127,8 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
       out << "  pay months of " << year << " (1 to " << last_month << ") for " << manager.Mitarbeiter()->Count()
           << " employees\n";
     }
-    db.ExecuteSql("COMMIT", true);
-  } catch (...) {
-    db.ExecuteSql("ROLLBACK", true);
-    throw;
   }
+  build.Commit();
 }
 
 }  // namespace cli

@@ -45,6 +45,9 @@ class Field {
   const Variant& Peek() const;
   const std::string& Name() const;
   int Index() const { return column_; }
+  // Where the value lies, for a message: the column, its table, the row's ID
+  // where the statement has one, and the statement's first 200 characters.
+  std::string Where() const;
 
  private:
   const Recordset* recordset_;
@@ -77,6 +80,8 @@ class Recordset {
   int FindFieldIndex(std::string_view name) const;
   int FieldCount() const;
   const std::string& FieldName(int index) const;
+  // The table a column comes from ("" for an expression).
+  const std::string& FieldTable(int index) const;
 
   // Sets a column of the current or new row; written by the next Update.
   void Collect(std::string_view name, const Variant& value);

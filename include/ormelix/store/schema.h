@@ -22,15 +22,24 @@ struct SchemaColumn {
   bool primary = false;       // the key of a table without ID and Nr
 };
 
+struct SchemaIndex {
+  std::vector<std::string> columns;
+  bool unique = false;  // one row per key: the store refuses a second
+};
+
 struct SchemaTable {
   std::string name;
   bool keyed = true;  // has the store-filled ID and the autonumber Nr
   std::vector<SchemaColumn> columns;
-  std::vector<std::vector<std::string>> indexes;
+  std::vector<SchemaIndex> indexes;  // named ix_<table>_<position from 1>
 };
 
 // The tables of a store as the schema declares them (without ID and Nr).
 const std::vector<SchemaTable>& SchemaTables(StoreKind kind);
+// The name of a table's index in the DDL (position counts from 1).
+std::string SchemaIndexName(const SchemaTable& table, std::size_t position);
+// Its CREATE [UNIQUE] INDEX statement, the same for both dialects.
+std::string SchemaIndexDdl(const SchemaTable& table, std::size_t position);
 // The DDL of a store for "sqlite" or "postgresql".
 std::string SchemaDdl(StoreKind kind, std::string_view dialect = "sqlite");
 // Creates a new store at path and opens it; connect selects the backend as in

@@ -37,7 +37,45 @@ class StoreSession {
   std::string StoreConnect() const;
 
  private:
+  friend class StoreWriteTransaction;
   std::shared_ptr<detail::Backend> backend_;
+  int write_depth_ = 0;  // open StoreWriteTransaction scopes
+};
+
+// One write transaction of a session: what is read and written between its start
+// and Commit holds together, and another program's writes cannot come between
+// (a save that looks for its row and then inserts or changes it gives one row,
+// also when two programs save the same new row at once). Writes land with
+// Commit. A scope left without it (an exception unwinding) rolls them back, or,
+// made with KeepWritten, keeps what was written before the failure, as the
+// library's own saves do (a save that fails half-way leaves what it had written,
+// as it always has; the transaction only keeps other programs out meanwhile).
+// A store that has moved or gone gets nothing either way.
+//
+// Scopes nest: an inner scope begins and commits nothing, so a routine that saves
+// one record can be called alone or from a larger save; the outermost scope
+// decides. Close the recordsets of the transaction (or call their Update) before
+// Commit: a pending row is written only then.
+class StoreWriteTransaction {
+ public:
+  // What a scope left without Commit does with the writes made so far.
+  enum OnUnwind { RollBack, KeepWritten };
+
+  // Takes the store's write lock; StoreError when the store is read-only, locked by
+  // another program longer than the busy timeout, or has moved or gone.
+  explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack);
+  ~StoreWriteTransaction();
+  StoreWriteTransaction(const StoreWriteTransaction&) = delete;
+  StoreWriteTransaction& operator=(const StoreWriteTransaction&) = delete;
+
+  // Makes the writes durable (the outermost scope) or does nothing (an inner one).
+  void Commit();
+
+ private:
+  StoreSession& session_;
+  OnUnwind on_unwind_;
+  bool outermost_ = false;
+  bool open_ = true;
 };
 
 class StoreConnection {

@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <list>
 #include <unordered_map>
+#include <utility>
 
 #include "../backend.h"
 #include "handles.h"
@@ -40,6 +42,72 @@ Affinity AffinityOf(const char* declared) {
   return Affinity::Integer;
 }
 
+// Opens a connection; StoreError naming the file when SQLite cannot.
+DatabaseHandle OpenConnection(const std::string& target, int flags, const ConnectOptions& options) {
+  sqlite3* raw = nullptr;
+  int rc = sqlite3_open_v2(target.c_str(), &raw, flags, nullptr);
+  DatabaseHandle db(raw);
+  if (rc != SQLITE_OK)
+    throw StoreError("cannot open store", target, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc), rc);
+  // The wait for another program's lock covers the very first read too.
+  sqlite3_busy_timeout(db.get(), options.busy_timeout_ms);
+  sqlite3_extended_result_codes(db.get(), 1);
+  return db;
+}
+
+int Setup(sqlite3* db, const std::string& setup, std::string& message) {
+  char* error = nullptr;
+  int rc = sqlite3_exec(db, setup.c_str(), nullptr, nullptr, &error);
+  if (rc != SQLITE_OK) message = error ? error : sqlite3_errstr(rc);
+  sqlite3_free(error);
+  return rc;
+}
+
+// SQLite could not make or open the side files of a store with a write-ahead log.
+bool NeedsSideFiles(int code) {
+  int primary = code & 0xff;
+  return primary == SQLITE_READONLY || primary == SQLITE_CANTOPEN;
+}
+
+void RequireNoPendingLog(const std::string& path) {
+  std::error_code error;
+  auto size = std::filesystem::file_size(path + "-wal", error);
+  if (error || size == 0) return;
+  throw StoreError("cannot read the store where it lies", path,
+                   "its log " + path + "-wal holds changes not yet written into the store, and no side files can be "
+                   "made here to read them; open the store once where it may be written (or copy its folder there)");
+}
+
+// The store read as it stands, with no locks and no side files.
+std::string ImmutableUri(const std::string& path) {
+  std::string uri = "file:";
+  for (char c : path) {
+    if (c == '%' || c == '?' || c == '#') {
+      char escaped[4];
+      std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(c));
+      uri += escaped;
+    } else {
+      uri += c;
+    }
+  }
+  return uri + "?immutable=1";
+}
+
+bool IsLocked(int code) {
+  int primary = code & 0xff;
+  return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
+}
+
+// Another program held the store longer than this connection waits: that is
+// what the user needs to hear, with the file and what was being done.
+StoreError LockedError(const std::string& path, int timeout_ms, const std::string& message, std::string_view doing,
+                       int code) {
+  return StoreError("the store is locked by another program", path,
+                    "it stayed locked longer than " + std::to_string(timeout_ms) + " ms (" + message +
+                        "); try again when the other program has finished; while " + ShortenForMessage(doing),
+                    code);
+}
+
 class SqliteBackend final : public Backend {
  public:
   SqliteBackend() : Backend(SqlDialect::Sqlite) {}
@@ -49,47 +117,87 @@ class SqliteBackend final : public Backend {
     Close();
     ConnectOptions options = ParseConnect(connect, path);
     bool memory = path == ":memory:";
+    std::string shown = memory ? path : std::filesystem::absolute(path).string();
     if (create && !memory && std::filesystem::exists(path))
       throw StoreError("cannot create store", path, "the file exists already");
     if (!create && !memory && !std::filesystem::is_regular_file(path))
       throw StoreError("cannot open store", path, "no such file");
-    sqlite3* raw = nullptr;
     // A connection serves one thread (the host's), so SQLite's own locking of it
     // would only cost time.
     int flags = (options.read_only && !create ? SQLITE_OPEN_READONLY
                                               : SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0)) |
                 SQLITE_OPEN_NOMUTEX;
-    int rc = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
-    DatabaseHandle db(raw);
-    if (rc != SQLITE_OK)
-      throw StoreError("cannot open store", path, raw ? sqlite3_errmsg(raw) : sqlite3_errstr(rc), rc);
     // Reading the schema is what tells a database from any other file. A new store
     // gets write-ahead logging, which stays with the file; an existing file keeps
     // the journal it has.
-    std::string setup = "SELECT count(*) FROM sqlite_master; PRAGMA foreign_keys=ON; PRAGMA busy_timeout=5000;";
+    std::string setup = "SELECT count(*) FROM sqlite_master; PRAGMA foreign_keys=ON;";
     if (create) setup += " PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
-    char* error = nullptr;
-    rc = sqlite3_exec(db.get(), setup.c_str(), nullptr, nullptr, &error);
+    std::string message;
+    DatabaseHandle db = OpenConnection(path, flags, options);
+    int rc = Setup(db.get(), setup, message);
+    if (rc != SQLITE_OK && options.read_only && !create && !memory && NeedsSideFiles(rc)) {
+      // A store with a write-ahead log is read through side files beside it; where
+      // none can be made (a read-only folder or medium) it is read as it stands,
+      // which holds all of it when no log is left over from a program that ended
+      // without writing its log back.
+      RequireNoPendingLog(shown);
+      db = OpenConnection(ImmutableUri(shown), flags | SQLITE_OPEN_URI, options);
+      rc = Setup(db.get(), setup, message);
+    }
     if (rc != SQLITE_OK) {
-      std::string message = error ? error : sqlite3_errstr(rc);
-      sqlite3_free(error);
+      if (IsLocked(rc)) throw LockedError(shown, options.busy_timeout_ms, message, "opening it", rc);
       throw StoreError("cannot open store", path, message, rc);
     }
     if (!create) sqlite3_exec(db.get(), "PRAGMA synchronous=NORMAL;", nullptr, nullptr, nullptr);
     RegisterSqliteText(db.get());
     if (!create && !memory) db = sqlite::OpenUpToDate(std::move(db), options.read_only, path);
     db_ = std::move(db);
-    path_ = memory ? path : std::filesystem::absolute(path).string();
+    path_ = shown;
     connect_ = connect;
+    options_ = options;
   }
 
   void Close() override {
+    joined_ = false;
+    if (db_ && HasMoved()) {
+      // Closing would delete the log by its name, which may be another file's now.
+      if (!InAutocommit()) sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+      WriteBackLog();
+      sqlite3_db_config(db_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
     statements_.clear();
     order_.clear();
     db_.Reset();
   }
 
   bool IsOpen() const override { return static_cast<bool>(db_); }
+
+  void BeginWrite() override {
+    RequireOpen("BEGIN IMMEDIATE");
+    if (options_.read_only)
+      throw StoreError("the store is open read-only; nothing was written", path_,
+                       "it was opened with 'readonly' in its connect text");
+    RequireInPlace();
+    // A transaction the host began by its own statement (BEGIN) is joined and
+    // left for the host to end.
+    joined_ = !InAutocommit();
+    if (joined_) return;
+    RunControl("BEGIN IMMEDIATE");
+    RequireInPlace();  // the file may have gone while the lock was awaited
+  }
+
+  void CommitWrite() override {
+    RequireOpen("COMMIT");
+    if (std::exchange(joined_, false)) return;
+    if (InAutocommit()) return;  // SQLite ended it already (it said so by an error before)
+    RequireInPlace();
+    RunControl("COMMIT");
+  }
+
+  void RollbackWrite() override {
+    if (std::exchange(joined_, false) || !db_ || InAutocommit()) return;
+    RunControl("ROLLBACK");
+  }
   std::string Path() const override { return path_; }
   std::string Connect() const override { return connect_; }
 
@@ -107,6 +215,7 @@ class SqliteBackend final : public Backend {
 
   long Execute(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
+    if (InAutocommit()) RequireInPlace();
     CachedStatement& stmt = Prepare(sql.text, jet_sql);
     Bind(stmt.handle.get(), sql.params, jet_sql);
     Run(stmt.handle.get(), jet_sql);
@@ -126,6 +235,7 @@ class SqliteBackend final : public Backend {
 
   QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
                         const std::vector<Variant>& values) override {
+    if (InAutocommit()) RequireInPlace();
     std::string sql = "INSERT INTO " + QuoteIdentifier(table);
     if (columns.empty()) {
       sql += " DEFAULT VALUES";
@@ -150,6 +260,7 @@ class SqliteBackend final : public Backend {
   void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                  const std::vector<Variant>& values) override {
     if (columns.empty()) return;
+    if (InAutocommit()) RequireInPlace();
     std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
     for (std::size_t i = 0; i < columns.size(); ++i) sql += (i ? "," : "") + QuoteIdentifier(columns[i]) + "=?";
     sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
@@ -164,6 +275,7 @@ class SqliteBackend final : public Backend {
   }
 
   void DeleteRow(const std::string& table, const Variant& row_key) override {
+    if (InAutocommit()) RequireInPlace();
     std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
     sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, {row_key}, sql);
@@ -202,6 +314,36 @@ class SqliteBackend final : public Backend {
     if (!db_) throw StoreError("the store is closed", std::string(subject));
   }
 
+  bool InAutocommit() const { return db_ && sqlite3_get_autocommit(db_.get()); }
+
+  // A write goes only to the file that was opened: one deleted, renamed or replaced
+  // by another since then would take the write where nobody finds it again, or
+  // have the old log applied to the new file.
+  void RequireInPlace() {
+    if (!HasMoved()) return;
+    if (!InAutocommit()) RunControl("ROLLBACK");
+    WriteBackLog();
+    throw StoreError("the store file has moved or gone since it was opened; nothing was written", path_,
+                     "it was deleted, renamed or replaced by another file; open the store again where it is now",
+                     SQLITE_READONLY_DBMOVED);
+  }
+
+  bool HasMoved() const {
+    int moved = 0;
+    return sqlite3_file_control(db_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved;
+  }
+
+  // The log of a file that has moved belongs to that file, but lies beside its old
+  // name, where another file may come to lie and would take it as its own. Its
+  // committed changes are written back into the file they belong to, and the log
+  // is left empty.
+  void WriteBackLog() {
+    sqlite3_wal_checkpoint_v2(db_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+  }
+
+  // BEGIN, COMMIT and ROLLBACK, prepared once like any statement.
+  void RunControl(const std::string& sql) { Run(Prepare(sql, sql).handle.get(), sql); }
+
   struct CachedStatement {
     StatementHandle handle;
     std::list<std::string>::iterator position;
@@ -226,8 +368,11 @@ class SqliteBackend final : public Backend {
     const char* tail = nullptr;
     int rc = sqlite3_prepare_v2(db_.get(), text.c_str(), static_cast<int>(text.size()), &raw, &tail);
     StatementHandle stmt(raw);
-    if (rc != SQLITE_OK) throw StoreError("statement refused by the store", std::string(subject), sqlite3_errmsg(db_.get()),
-                                            sqlite3_extended_errcode(db_.get()));
+    if (rc != SQLITE_OK) {
+      int code = sqlite3_extended_errcode(db_.get());
+      if (IsLocked(code)) throw LockedError(path_, options_.busy_timeout_ms, sqlite3_errmsg(db_.get()), subject, code);
+      throw StoreError("statement refused by the store", std::string(subject), sqlite3_errmsg(db_.get()), code);
+    }
     if (!raw) throw StoreError("statement refused by the store", std::string(subject), "the text holds no statement");
     if (tail) {
       while (*tail == ' ' || *tail == '\n' || *tail == '\t' || *tail == '\r' || *tail == ';') ++tail;
@@ -278,6 +423,7 @@ class SqliteBackend final : public Backend {
     std::string message = sqlite3_errmsg(db_.get());
     int code = sqlite3_extended_errcode(db_.get());
     sqlite3_reset(stmt);
+    if (IsLocked(code)) throw LockedError(path_, options_.busy_timeout_ms, message, subject, code);
     throw StoreError("statement refused by the store", std::string(subject), message, code);
   }
 
@@ -340,6 +486,8 @@ class SqliteBackend final : public Backend {
   DatabaseHandle db_;
   std::string path_;
   std::string connect_;
+  ConnectOptions options_;
+  bool joined_ = false;  // the write transaction is the host's own
   std::unordered_map<std::string, CachedStatement> statements_;
   std::list<std::string> order_;  // oldest first, for eviction
 };

@@ -190,7 +190,7 @@ std::string WithTextOrder(sqlite3* db, const std::string& table, const std::stri
 }
 
 bool NeedsUpgrade(sqlite3* db) {
-  if (UserVersion(db) >= kStoreVersion) return false;
+  if (UserVersion(db) >= kTextOrderVersion) return false;
   Statement tables(db, "SELECT name, sql FROM sqlite_master WHERE type='table'");
   while (tables.Step()) {
     std::string name = tables.Text(0), sql = tables.Text(1);
@@ -223,7 +223,7 @@ bool UpgradeStore(sqlite3* db, const std::string& path) {
   try {
     Run(db, "BEGIN IMMEDIATE");
     for (const Rebuild& rebuild : rebuilds) RebuildTable(db, rebuild);
-    Run(db, "PRAGMA user_version=" + std::to_string(kStoreVersion));
+    Run(db, "PRAGMA user_version=" + std::to_string(kTextOrderVersion));
     Run(db, "COMMIT");
   } catch (const StoreError& e) {
     sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
@@ -235,11 +235,67 @@ bool UpgradeStore(sqlite3* db, const std::string& path) {
   return !rebuilds.empty();
 }
 
+namespace {
+
+// The unique indexes of the schema that the file's tables lack, by table and
+// position; whether the file holds tables of the schema at all.
+std::vector<std::pair<const SchemaTable*, std::size_t>> MissingUniqueKeys(sqlite3* db, bool& ours) {
+  std::vector<std::pair<const SchemaTable*, std::size_t>> missing;
+  for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference}) {
+    for (const SchemaTable& table : SchemaTables(kind)) {
+      Statement exists(db, "SELECT 1 FROM sqlite_master WHERE type='table' AND name=" + TextLiteral(table.name));
+      if (!exists.Step()) continue;
+      ours = true;
+      for (std::size_t i = 0; i < table.indexes.size(); ++i) {
+        if (!table.indexes[i].unique) continue;
+        Statement index(db, "SELECT sql FROM sqlite_master WHERE type='index' AND name=" +
+                                TextLiteral(SchemaIndexName(table, i + 1)));
+        if (!index.Step() || UpperCase(index.Text(0)).rfind("CREATE UNIQUE", 0) != 0) missing.emplace_back(&table, i + 1);
+      }
+    }
+  }
+  return missing;
+}
+
+}  // namespace
+
+bool AddUniqueKeys(sqlite3* db) {
+  bool ours = false, complete = true;
+  Run(db, "BEGIN IMMEDIATE");
+  try {
+    for (const auto& [table, position] : MissingUniqueKeys(db, ours)) {
+      // Two rows of one key make the unique index fail: the plain one stays.
+      Run(db, "SAVEPOINT ormelix_unique");
+      std::string sql = "DROP INDEX IF EXISTS " + QuoteIdentifier(SchemaIndexName(*table, position)) + "; " +
+                        SchemaIndexDdl(*table, position);
+      if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        complete = false;
+        Run(db, "ROLLBACK TO ormelix_unique");
+      }
+      Run(db, "RELEASE ormelix_unique");
+    }
+    if (ours && complete) Run(db, "PRAGMA user_version=" + std::to_string(kStoreVersion));
+    Run(db, "COMMIT");
+  } catch (...) {
+    sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+    throw;
+  }
+  return ours && complete;
+}
+
 DatabaseHandle OpenUpToDate(DatabaseHandle db, bool read_only, const std::string& path) {
-  if (UserVersion(db.get()) >= kStoreVersion) return db;
+  int version = UserVersion(db.get());
+  if (version >= kStoreVersion) return db;
   if (!read_only) {
     // The rebuilt tables leave the old pages free: the file is made compact again.
-    if (UpgradeStore(db.get(), path)) Run(db.get(), "VACUUM");
+    if (version < kTextOrderVersion && UpgradeStore(db.get(), path)) Run(db.get(), "VACUUM");
+    try {
+      AddUniqueKeys(db.get());
+    } catch (const StoreError& e) {
+      // Another program holds the store: the keys wait for the next open.
+      int primary = e.Code() & 0xff;
+      if (primary != SQLITE_BUSY && primary != SQLITE_LOCKED) throw;
+    }
     return db;
   }
   if (!NeedsUpgrade(db.get())) return db;
