@@ -307,6 +307,12 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
   if (month < 1 || month > 12)
     throw std::out_of_range("SaveLohnzettel(" + std::to_string(month) +
                             "): the month to save (pMonat, or AktMonat for 0) must be 1..12");
+  // What the month's rows would hold is checked before the first of them is written.
+  LohnzettelMonth row{&pLohn, month};
+  const std::string where = "month " + std::to_string(month) + " of the employee " + pMitarbeiterID;
+  RequireFinite(LohnzettelColumns(), row, "Mitarbeiter_Lohnzettel", where);
+  RequireStorableErsatzleistungen(*pLohn.SV_EL_Laufend(month), where);
+  RequireFinite(KurzarbeitColumns(), *pLohn.Kurzarbeit(month), "Mitarbeiter_Lohnzettel_Kurzarbeit", where);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
   StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = PayrollStore(pManager).OpenRecordset(
@@ -316,7 +322,6 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
     rs->Collect("MitarbeiterID", Variant(pMitarbeiterID));
     rs->Collect("Zeitraum", Variant(zeitraum));
   }
-  LohnzettelMonth row{&pLohn, month};
   LohnzettelColumns().Save(row, *rs);
   rs->Update();
   std::string row_id = DateHelpers::GetNewRowID(*rs);

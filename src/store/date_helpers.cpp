@@ -14,7 +14,7 @@ namespace ormelix::DateHelpers {
 namespace {
 
 // Days since 1 January 1970 of a proleptic Gregorian date (H. Hinnant's algorithm).
-long long DaysFromCivil(long long y, int m, int d) {
+constexpr long long DaysFromCivil(long long y, int m, int d) {
   y -= m <= 2;
   const long long era = (y >= 0 ? y : y - 399) / 400;
   const long long yoe = y - era * 400;
@@ -41,8 +41,10 @@ Civil CivilFromDays(long long z) {
   return {yoe + era * 400 + (m <= 2), m, d};
 }
 
-// Day 0 of the store's day count, 30 December 1899, in days since 1970.
-const long long kEpoch = DaysFromCivil(1899, 12, 30);
+// Day 0 of the store's day count, 30 December 1899, in days since 1970. A constant
+// of the compiler, so that dates made during the static initialisation of another
+// file (a table of dates at namespace scope) do not find it still 0.
+constexpr long long kEpoch = DaysFromCivil(1899, 12, 30);
 
 Civil CivilOf(Date date) { return CivilFromDays(static_cast<long long>(std::floor(date)) + kEpoch); }
 

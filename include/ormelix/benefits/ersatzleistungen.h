@@ -1,10 +1,12 @@
 // LLohn_Ersatzleistung and LLohn_Ersatzleistungen: the replacement benefits of one
-// month of an employee, rows of Mitarbeiter_Lohnzettel_EL below the monthly pay row.
+// month of an employee (compensation in lieu of leave and its contributions), rows
+// of Mitarbeiter_Lohnzettel_EL below the monthly pay row.
 //
-// So far only what the employee list needs of them: an entry with its period and
-// its BV base, and the keyed list of a month (Add, Item, Count, Clear), which the
-// sum of marginal bases reads. The other columns, the sums and the load and save of
-// the table come with the replacement-benefits work.
+// A benefit belongs to a pay month but counts for its own period (Zeitraum), often
+// the months after an exit; a month holds at most one per period. The list of a
+// month is LLohn::SV_EL_Laufend(m): loaded in period order with the pay month, and
+// at its save the month's rows are deleted and the list inserted anew, so every row
+// gets a new key. The amounts are the caller's; the library adds up only the sums.
 #pragma once
 
 #include <cstdint>
@@ -13,27 +15,82 @@
 
 #include "ormelix/collection.h"
 #include "ormelix/store/value_helpers.h"
+#include "ormelix/store/variant.h"
 
 namespace ormelix {
 
 class LLohn_Ersatzleistung {
  public:
+  // The key of the row it was loaded from; nothing refers to it after a save, which
+  // gives every row a new one.
+  std::string ID;
+  // The career step (Mitarbeiter_Laufbahn) the benefit belongs to.
+  std::string LaufbahnID;
+  bool Geringfügig = false;
+  // The contribution group, as text.
+  std::string TarifGruppe;
+  std::int16_t SVTage = 0;
+  // The period the benefit counts for; its key in the list, and the order of the rows.
   std::int32_t Zeitraum = 0;
+  std::int16_t ALV_Index = 0;
+  double ALV_Basis = 0;
+  double ALV = 0;
+  double SV_Laufend_Basis = 0;
+  double SV_Laufend_DN = 0;
+  double SV_Laufend_DG = 0;
+  // Employee's and employer's share together, not rounded; no column holds it.
+  double SV_Laufend_Gesamt() const { return SV_Laufend_DN + SV_Laufend_DG; }
+  double SV_N70_Laufend_DN = 0;
+  double SV_N70_Laufend_DG = 0;
+  double NeuFög_Laufend = 0;
+  double SV_Laufend_DGA = 0;
+  double SV_A22_Laufend_Basis = 0;
+  double SV_A22_Laufend_Betrag = 0;
   double BV_Basis = 0;
+  double BV_Betrag = 0;
+  double BV_Zuschlag = 0;
+  double BV_Prozent = 0;
 };
 
 class LLohn_Ersatzleistungen {
  public:
+  using Ptr = std::shared_ptr<LLohn_Ersatzleistung>;
+
   LLohn_Ersatzleistungen() : col_("the replacement benefits of a month") {}
 
-  // Adds the entry under its period as text; a second entry of one period fails.
-  void Add(const std::shared_ptr<LLohn_Ersatzleistung>& pEL) { col_.Add(pEL, ValueHelpers::ToText(Variant(pEL->Zeitraum))); }
-  // By position (from 1) or by key (the period as text); KeyNotFound otherwise.
-  const std::shared_ptr<LLohn_Ersatzleistung>& Item(const Variant& pIndex) const { return col_.Item(pIndex); }
-  long Count() const { return col_.Count(); }
+  // Adds the entry at the end under its period as text ("202503"); a second entry
+  // of one period is an Error of the list, and the list stays as it was.
+  void Add(const Ptr& pEL) { col_.Add(pEL, ValueHelpers::ToText(Variant(pEL->Zeitraum))); }
+  // By position (from 1) or by key, the period as text; KeyNotFound otherwise.
+  void Remove(const Variant& pIndex) { col_.Remove(pIndex); }
   void Clear() { col_.Clear(); }
+  const Ptr& Item(const Variant& pIndex) const { return col_.Item(pIndex); }
+  long Count() const { return col_.Count(); }
+  const Collection<LLohn_Ersatzleistung>& Col() const { return col_; }
+
+  // The entries in order (NewEnum).
+  Collection<LLohn_Ersatzleistung>::const_iterator begin() const { return col_.begin(); }
+  Collection<LLohn_Ersatzleistung>::const_iterator end() const { return col_.end(); }
+
+  // Sums over the entries, from 0, not rounded. The bases and amounts of A22 and BV
+  // have none.
+  double ALV_Basis_Gesamt() const { return Sum(&LLohn_Ersatzleistung::ALV_Basis); }
+  double ALV_Gesamt() const { return Sum(&LLohn_Ersatzleistung::ALV); }
+  double SV_Laufend_Basis_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_Laufend_Basis); }
+  double SV_Laufend_DN_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_Laufend_DN); }
+  double SV_N70_Laufend_DN_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_N70_Laufend_DN); }
+  double SV_N70_Laufend_DG_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_N70_Laufend_DG); }
+  double SV_Laufend_DG_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_Laufend_DG); }
+  double NeuFög_Laufend_Gesamt() const { return Sum(&LLohn_Ersatzleistung::NeuFög_Laufend); }
+  double SV_Laufend_DGA_Gesamt() const { return Sum(&LLohn_Ersatzleistung::SV_Laufend_DGA); }
 
  private:
+  double Sum(double LLohn_Ersatzleistung::*amount) const {
+    double sum = 0;
+    for (const Ptr& entry : col_) sum += (*entry).*amount;
+    return sum;
+  }
+
   Collection<LLohn_Ersatzleistung> col_;
 };
 

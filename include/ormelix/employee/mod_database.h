@@ -16,6 +16,7 @@ namespace ormelix {
 
 class clsManager;
 class LLohn;
+class LLohn_Ersatzleistung;
 class LLohn_Ersatzleistungen;
 class LLohn_Jahresdaten;
 class LLohn_Kurzarbeit;
@@ -83,12 +84,28 @@ void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 // Writes the password row, inserting it when there is none, also for an empty password.
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 
-// ---- The tables of later work. Each stands at its place in the load and save order
-// and does nothing yet.
+// ---- Mitarbeiter_Lohnzettel_EL (in the benefits area)
 
+// Fills the list of a month with the replacement benefits of the pay row, in the
+// order of their periods (the list is emptied first). Two benefits of one period
+// cannot both be held: the second fails the list's Add.
 void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
+// Deletes every replacement benefit of the pay row and inserts SV_EL_Laufend(pMonat)
+// anew (each row gets a new ID; the objects keep the IDs of their load). An empty
+// list leaves the pay row with none. A benefit with an amount that is no finite
+// number is refused before anything is deleted.
 void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string& pLohnzettelID, std::int16_t pMonat);
+// ConversionError naming the table, the column and the benefit if one would be
+// written with NaN or an infinite amount.
+void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const std::string& pRow);
+
+// ---- Mitarbeiter_Lohnzettel_Kurzarbeit (in the shorttime area)
+
+// Reads the short-time row of the pay row into the record; without a row the
+// record stays as it is.
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);
+// Writes the record to the short-time row of the pay row, inserting it when there
+// is none. StundenVorKurzarbeit goes in as its getter gives it.
 void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);
 
 // ---- The column declarations of the employee's own tables, in table order. They
@@ -105,6 +122,8 @@ const ColumnSet<LLohn>& BankverbindungColumns();
 const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
 const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns();
 const ColumnSet<LLohn_Übertritt>& UebertritteColumns();
+const ColumnSet<LLohn_Ersatzleistung>& ErsatzleistungColumns();
+const ColumnSet<LLohn_Kurzarbeit>& KurzarbeitColumns();
 
 // One line of one wage-type group in one month: the target of a row of
 // Mitarbeiter_Lohnarten.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -16,6 +17,7 @@
 #include <variant>
 #include <vector>
 
+#include "ormelix/error.h"
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/variant.h"
 
@@ -186,6 +188,14 @@ PropertyRef MemberGet(Target& target) {
 template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
 inline constexpr Property<Target> Member{&MemberGet<M, Target>, kMemberName<M>};
 
+// A member stored in the column of its own name, read through `load`:
+// Plain<&LLohn_Kurzarbeit::SVBG>(LoadAs::Amount) is the column SVBG, written as the
+// member stands.
+template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
+ColumnDecl<Target> Plain(LoadAs load, SaveAs save = SaveAs::Direct) {
+  return {kMemberName<M>, Member<M, Target>, load, save};
+}
+
 template <class Target>
 class ColumnSet {
  public:
@@ -226,6 +236,29 @@ class ColumnSet {
   }
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
 
+  // The first column that would be written with a number that is no number (NaN)
+  // or infinite, or nullptr when there is none. A save checks its row with it
+  // before it writes anything: the store keeps neither (SQLite would turn NaN into
+  // Null, which reads back as 0).
+  const char* NonFiniteColumn(Target& target) const {
+    auto finite = [](const Variant& value) { return value.kind() != Variant::Double || std::isfinite(value.AsDouble()); };
+    for (const Decl& decl : columns_) {
+      if (!decl.column || decl.save == SaveAs::None) continue;
+      if (decl.save == SaveAs::Custom) {
+        if (!finite(decl.save_with(target))) return decl.column;
+        continue;
+      }
+      PropertyRef from = decl.save_property ? decl.save_property(target) : decl.property(target);
+      const bool ok = std::visit(Overloaded{[](double* p) { return std::isfinite(*p); },
+                                            [](float* p) { return std::isfinite(*p); },
+                                            [&](Variant* p) { return finite(*p); },
+                                            [](auto*) { return true; }},
+                                 from);
+      if (!ok) return decl.column;
+    }
+    return nullptr;
+  }
+
   // Sets every column that is written, in order, on the current or new row.
   // Checkpoints call Update where the row has an ID already. The final Update is
   // the caller's.
@@ -248,5 +281,15 @@ class ColumnSet {
  private:
   std::vector<Decl> columns_;
 };
+
+// Refuses, before anything is written, a row of which a column would be written
+// with NaN or an infinite number: ConversionError naming the table, the column and
+// the row.
+template <class Target>
+void RequireFinite(const ColumnSet<Target>& columns, Target& target, const std::string& table,
+                   const std::string& row) {
+  if (const char* column = columns.NonFiniteColumn(target))
+    throw ConversionError(table + ": " + column + " of " + row + " is no finite number; nothing was written");
+}
 
 }  // namespace ormelix

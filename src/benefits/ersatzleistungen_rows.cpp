@@ -1,0 +1,93 @@
+// Mitarbeiter_Lohnzettel_EL: the replacement benefits of a pay row, keyed by
+// LohnzettelID; loaded in period order, saved by deleting the row's benefits and
+// inserting the list anew.
+#include "../employee/month_check.h"
+#include "../session/store_access.h"
+#include "ormelix/benefits/ersatzleistungen.h"
+#include "ormelix/employee/lohn.h"
+#include "ormelix/employee/mod_database.h"
+#include "ormelix/store/value_helpers.h"
+
+namespace ormelix::modDatabase {
+
+namespace {
+
+using E = LLohn_Ersatzleistung;
+using Columns = ColumnSet<LLohn_Ersatzleistung>;
+using ValueHelpers::SqlID;
+
+constexpr const char* kTable = "Mitarbeiter_Lohnzettel_EL";
+
+std::string RowsSql(const std::string& pLohnzettelID) {
+  return "SELECT * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" + SqlID(pLohnzettelID);
+}
+
+}  // namespace
+
+// The columns of Mitarbeiter_Lohnzettel_EL in the order of load and save. ID is
+// read and never written (the store gives each inserted row a new one);
+// LohnzettelID is written by the save from the pay row's key and never read.
+const ColumnSet<LLohn_Ersatzleistung>& ErsatzleistungColumns() {
+  static const Columns columns{
+      Plain<&E::ID>(LoadAs::Text, SaveAs::None),
+      Plain<&E::LaufbahnID>(LoadAs::Text),
+      Plain<&E::Geringfügig>(LoadAs::Flag),
+      Plain<&E::TarifGruppe>(LoadAs::Text),
+      Plain<&E::Zeitraum>(LoadAs::Long),
+      Plain<&E::SVTage>(LoadAs::Integer),
+      Plain<&E::ALV_Index>(LoadAs::Integer),
+      Plain<&E::ALV_Basis>(LoadAs::Amount),
+      Plain<&E::ALV>(LoadAs::Amount),
+      Plain<&E::SV_Laufend_Basis>(LoadAs::Amount),
+      Plain<&E::SV_Laufend_DN>(LoadAs::Amount),
+      Plain<&E::SV_Laufend_DG>(LoadAs::Amount),
+      Plain<&E::SV_N70_Laufend_DN>(LoadAs::Amount),
+      Plain<&E::SV_N70_Laufend_DG>(LoadAs::Amount),
+      Plain<&E::NeuFög_Laufend>(LoadAs::Amount),
+      Plain<&E::SV_Laufend_DGA>(LoadAs::Amount),
+      Plain<&E::SV_A22_Laufend_Basis>(LoadAs::Amount),
+      Plain<&E::SV_A22_Laufend_Betrag>(LoadAs::Amount),
+      Plain<&E::BV_Basis>(LoadAs::Amount),
+      Plain<&E::BV_Betrag>(LoadAs::Amount),
+      Plain<&E::BV_Zuschlag>(LoadAs::Amount),
+      Plain<&E::BV_Prozent>(LoadAs::Amount),
+  };
+  return columns;
+}
+
+void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const std::string& pRow) {
+  for (const auto& entry : pListe)
+    RequireFinite(ErsatzleistungColumns(), *entry, kTable,
+                  "the benefit of period " + std::to_string(entry->Zeitraum) + " of " + pRow);
+}
+
+void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID) {
+  auto rs = detail::OpenRead(pManager, RowsSql(pLohnzettelID) + " ORDER BY [Zeitraum] ASC");
+  pListe.Clear();
+  const auto bound = ErsatzleistungColumns().Bind(*rs);
+  for (; !rs->Eof(); rs->MoveNext()) {
+    auto entry = std::make_shared<LLohn_Ersatzleistung>();
+    ErsatzleistungColumns().Load(*entry, *rs, bound);
+    pListe.Add(entry);
+  }
+  rs->Close();
+}
+
+void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string& pLohnzettelID, std::int16_t pMonat) {
+  RequireSaveMonth("SaveErsatzleistungen", "the month", pMonat);
+  const LLohn_Ersatzleistungen& liste = *pLohn.SV_EL_Laufend(pMonat);
+  RequireStorableErsatzleistungen(liste, "the pay row " + pLohnzettelID);
+  detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" +
+                                            SqlID(pLohnzettelID));
+  // The pay row has no benefit left: the statement of its rows serves to insert.
+  auto rs = detail::OpenWrite(pManager, RowsSql(pLohnzettelID));
+  for (const auto& entry : liste) {
+    rs->AddNew();
+    rs->Collect("LohnzettelID", Variant(SqlID(pLohnzettelID)));
+    ErsatzleistungColumns().Save(*entry, *rs);
+    rs->Update();
+  }
+  rs->Close();
+}
+
+}  // namespace ormelix::modDatabase
