@@ -77,6 +77,9 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
   RequireSaveMonth("SaveErsatzleistungen", "the month", pMonat);
   const LLohn_Ersatzleistungen& liste = *pLohn.SV_EL_Laufend(pMonat);
   RequireStorableErsatzleistungen(liste, "the pay row " + pLohnzettelID);
+  // Delete and insert hold together against other programs; a failure half-way
+  // keeps what was written, as every save does.
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" +
                                             SqlID(pLohnzettelID));
   // The pay row has no benefit left: the statement of its rows serves to insert.
@@ -88,6 +91,7 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
     rs->Update();
   }
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase

@@ -155,6 +155,9 @@ void clsMitarbeiter_Sachbezüge::Update(std::int32_t pNewPeriod, std::string pRe
   RequireFinite(SachbezuegeColumns(), *this, "Mitarbeiter_Sachbezüge",
                 "the employee " + mitarbeiter_id_ + " in " + std::to_string(period));
   const auto manager = manager_.Get();
+  // The look for the row and its insert or change hold together against other
+  // programs saving the same employee and period.
+  StoreWriteTransaction save(detail::PayrollStore(*manager), StoreWriteTransaction::KeepWritten);
   std::unique_ptr<Recordset> rs;
   if (!elsewhere && !id_.empty())
     rs = detail::OpenWrite(*manager, "SELECT * FROM [Mitarbeiter_Sachbezüge] WHERE [ID]=" + SqlID(id_));
@@ -172,6 +175,7 @@ void clsMitarbeiter_Sachbezüge::Update(std::int32_t pNewPeriod, std::string pRe
   else if (id_.empty())
     id_ = DateHelpers::GetNewRowID(*rs);
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix

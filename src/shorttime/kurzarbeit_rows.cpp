@@ -92,12 +92,14 @@ void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const s
 
 void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
   RequireFinite(KurzarbeitColumns(), pKurzarbeit, "Mitarbeiter_Lohnzettel_Kurzarbeit", "the pay row " + pLohnzettelID);
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
   auto rs = detail::OpenWrite(pManager, RowSql(pLohnzettelID));
   if (rs->Eof()) rs->AddNew();
   rs->Collect("LohnzettelID", Variant(pLohnzettelID));
   KurzarbeitColumns().Save(pKurzarbeit, *rs);
   rs->Update();
   rs->Close();
+  save.Commit();
 }
 
 }  // namespace ormelix::modDatabase
