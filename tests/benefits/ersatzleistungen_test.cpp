@@ -81,8 +81,13 @@ TEST_F(ErsatzleistungenRows, ALoadTakesTheRowsInPeriodOrderWhateverTheOrderTheyW
   const std::string other_row = AddPayRow(employee, 202411);
   // Written by another program, the later period first.
   test::AddRow(db, kTable, {{"LohnzettelID", pay_row}, {"Zeitraum", 202502}, {"SV_Laufend_DN", 20.5}, {"SVTage", 28}});
-  test::AddRow(db, kTable, {{"LohnzettelID", pay_row}, {"Zeitraum", 202501}, {"SV_Laufend_DN", 30.25},
-                            {"SV_Laufend_DG", 9.75}, {"Geringfügig", -1}, {"TarifGruppe", "B1"}});
+  test::AddRow(db, kTable,
+               {{"LohnzettelID", pay_row},
+                {"Zeitraum", 202501},
+                {"SV_Laufend_DN", 30.25},
+                {"SV_Laufend_DG", 9.75},
+                {"Geringfügig", -1},
+                {"TarifGruppe", "B1"}});
   test::AddRow(db, kTable, {{"LohnzettelID", other_row}, {"Zeitraum", 202412}, {"SV_Laufend_DN", 1000.0}});
 
   auto lohn = Loaded(manager, employee);

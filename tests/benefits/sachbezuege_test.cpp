@@ -1,12 +1,13 @@
 // Benefits in kind of an employee and period: the defaults of a period without a
 // row, the choice of the row at a save (in place, or under another period) also
 // against rows another session wrote, and periods that are no yyyymm.
+#include "ormelix/benefits/sachbezuege.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "employee/employee_fixture.h"
-#include "ormelix/benefits/sachbezuege.h"
 #include "ormelix/benefits/sachbezuege_columns.h"
 #include "ormelix/error.h"
 #include "support/column_fill.h"
@@ -42,8 +43,8 @@ class Sachbezuege : public test::EmployeeTest {
     return test::AddRow(db, kTable, {{"MitarbeiterID", employee}, {"Zeitraum", period}, {"Miete", miete}});
   }
   double StoredMiete(std::int32_t period) {
-    return ToAmount(Stored(kTable, "[MitarbeiterID]=" + SqlID(employee) + " AND [Zeitraum]=" + std::to_string(period),
-                           "Miete"));
+    return ToAmount(
+        Stored(kTable, "[MitarbeiterID]=" + SqlID(employee) + " AND [Zeitraum]=" + std::to_string(period), "Miete"));
   }
   long Rows() { return test::CountRows(db, kTable); }
 };
@@ -129,7 +130,7 @@ TEST_F(Sachbezuege, ASaveUnderAnotherPeriodOverwritesItsRowAndLeavesTheObjectAsI
 
 TEST_F(Sachbezuege, AnotherSessionsRowOfThePeriodIsWrittenRatherThanDoubled) {
   auto benefits = Bound(manager);
-  benefits.Load(employee, 202403);  // no row yet
+  benefits.Load(employee, 202403);                // no row yet
   const std::string theirs = RowOf(202403, 500);  // another session saves first
   benefits.Miete = 555;
   benefits.Update();

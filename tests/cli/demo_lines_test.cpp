@@ -77,7 +77,9 @@ TEST_F(DemoLinesTest, TheLinesOfAMonthEachWithItsGroupAndTheColumnsOfItsGroupOnc
   JsonValue allowance = MonthJson("1002", "202503");
   ASSERT_EQ(allowance["Lohnarten"].Size(), 1u);
   EXPECT_EQ(allowance["Lohnarten"][0]["Lohnarttyp"].AsNumber(), 5);  // tax-free under § 68
-  EXPECT_DOUBLE_EQ(allowance["month"]["LFD_Bezuege"].AsNumber(), 2276);  // 14.00 x 160 + 20 x 1.80
+  // 14.00 x 74 hours before short-time work + the minimum pay of the short-time
+  // days (948.39) + 20 x 1.80.
+  EXPECT_DOUBLE_EQ(allowance["month"]["LFD_Bezuege"].AsNumber(), 2020.39);
 
   EXPECT_EQ(MonthJson("1001", "202502")["Lohnarten"].Size(), 0u);
 }

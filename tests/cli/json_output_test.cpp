@@ -70,8 +70,12 @@ TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
     }
   ASSERT_EQ(numbers.size(), 5u);
   for (int number : numbers) {
-    for (const char* period : {"202401", "202406", "202503", "202504"})  // 202504: a month without a row
-      Show({"month", "--employee", std::to_string(number), "--period", period});
+    // 202504: a month without a row; 202412: the waitress's replacement benefit.
+    for (const char* period : {"202401", "202406", "202412", "202503", "202504"}) {
+      JsonValue month = Show({"month", "--employee", std::to_string(number), "--period", period});
+      if (month.kind() != JsonValue::Object) continue;
+      for (const char* key : {"Kurzarbeit", "SV_EL_Laufend", "Sachbezüge"}) EXPECT_TRUE(month.Has(key)) << key;
+    }
     for (const char* year : {"2024", "2025"}) Show({"career", "--employee", std::to_string(number), "--year", year});
   }
 }
@@ -90,6 +94,24 @@ TEST_F(JsonOutput, AMonthShowsBothPropertiesOfTheCrossedColumn) {
   EXPECT_TRUE(month["month"].Has("Ueberst__50"));
   EXPECT_TRUE(month["employee"].Has("Geb_Datum"));
   EXPECT_EQ(month["employee"]["Mitarbeiter"]["FName"].AsString(), "Huber");
+}
+
+TEST_F(JsonOutput, ShortTimeBenefitsAndBenefitsInKindAreKeyedByPropertyNames) {
+  JsonValue cook = Show({"month", "--employee", "1002", "--period", "202503"});
+  // Stored values and computed figures side by side, each under its own name; the
+  // hours before short-time work as their getter gives them.
+  for (const char* key : {"IsZeitraumAliquot", "StundenVorKurzarbeit", "Überstundenpauschale", "SVBGAliquot",
+                          "MindestentgeltBruttoAliquot", "ErmittleMaxTageSVKurzareit"})
+    EXPECT_TRUE(cook["Kurzarbeit"].Has(key)) << key;
+  JsonValue waitress = Show({"month", "--employee", "1005", "--period", "202412"});
+  const JsonValue& entry = waitress["SV_EL_Laufend"]["Col"][0];
+  for (const char* key : {"ID", "LaufbahnID", "Geringfügig", "NeuFög_Laufend", "BV_Prozent", "SV_Laufend_Gesamt"})
+    EXPECT_TRUE(entry.Has(key)) << key;
+  EXPECT_FALSE(entry.Has("LohnzettelID"));  // the key of the pay row is no property
+  EXPECT_EQ(entry.Size(), 23u);
+  JsonValue director = Show({"month", "--employee", "1004", "--period", "202501"});
+  EXPECT_EQ(director["Sachbezüge"].Size(), 75u);  // ID and the 74 values
+  EXPECT_TRUE(director["Sachbezüge"].Has("Fahrzeug_mit_Chaffeur"));
 }
 
 }  // namespace

@@ -20,9 +20,7 @@ constexpr const char* kTable = "Mitarbeiter_Lohnzettel_Kurzarbeit";
 class KurzarbeitRow : public test::EmployeeTest {
  protected:
   std::string employee = AddEmployee("Kurz");
-  std::string PayRowOf(std::int32_t period) {
-    return ToText(PayColumn(employee, period, "ID"));
-  }
+  std::string PayRowOf(std::int32_t period) { return ToText(PayColumn(employee, period, "ID")); }
   std::string RowOf(const std::string& pay_row) { return "[LohnzettelID]=" + SqlID(pay_row); }
 };
 

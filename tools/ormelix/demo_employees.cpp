@@ -6,6 +6,7 @@
 
 #include "cli.h"
 #include "demo.h"
+#include "demo_benefits.h"
 #include "demo_lines.h"
 #include "demo_people.h"
 #include "ormelix/basevalues/basisdaten.h"
@@ -119,6 +120,7 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
           auto& table = tables[period];
           if (!table) table = folder->Zeittabellen()->GetZeittabelle(period);
           FillMonth(*lohn, p, year, month, *table);
+          demo::AddShortTimeAndBenefits(manager, *lohn, p, year, month, *table);
           manager.AktMonat = static_cast<std::int16_t>(month);  // the lines and the transfer are saved for it
           lohn->Update(manager, demo::MonthTables(p, year, month), static_cast<std::int16_t>(month));
         }

@@ -46,7 +46,8 @@ struct Month {
 // canteen meals deducted and mileage paid for the white-collar employee (overtime
 // at 1/143 of the salary plus 50 %); a dirt allowance, tax-free under § 68 EStG,
 // for the cook; and the apprentice who becomes a white-collar employee on the
-// 15th, paid 14 of 30 days as apprentice and 16 as employee.
+// 15th, paid 14 of 30 days as apprentice and 16 as employee. Then the last month
+// of the waitress's fixed term, December 2024.
 const std::vector<Month>& Months() {
   static const std::vector<Month> months = {
       {1001, 2025, 3,
@@ -63,6 +64,15 @@ const std::vector<Month>& Months() {
         {Laufende_Bezüge_LST_pfl_SV_pfl_Zusatz, 2, "Gehalt 15.-31. März", 0, 0, 1200, true}},
        Transfer{DateSerial(2025, 3, 15), eBasisDGLehrlingAngestellte32016, eBasisDGAngestellte, "D2", "D1", 490, 1200,
                 3}},
+      // The waitress's last month: sick from the 16th (continued pay), and her three
+      // open days of leave paid out at the end of the fixed term, free of
+      // contributions in December: they count for January, as a replacement benefit.
+      {1005, 2024, 12,
+       {{Laufende_Bezüge_LST_pfl_SV_pfl_Zusatz, 1, "Entgelt 1.-15. Dezember", 0, 0, 240, true},
+        {Laufende_Bezüge_LST_pfl_SV_pfl_Zusatz, 2, "Entgeltfortzahlung Krankenstand 16.-31. Dezember", 0, 0, 240,
+         true},
+        {Laufende_Bezüge_LST_pfl_SV_frei_Zusatz, 1, "Urlaubsersatzleistung 3 Tage (SV im Jänner 2025)", 3, 16, 0}},
+       std::nullopt},
   };
   return months;
 }

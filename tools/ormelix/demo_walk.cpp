@@ -3,6 +3,7 @@
 #include <iomanip>
 
 #include "demo.h"
+#include "demo_benefits.h"
 #include "demo_figures.h"
 #include "demo_lines.h"
 #include "demo_people.h"
@@ -113,6 +114,7 @@ void WalkDemoMonth(clsManager& manager, std::ostream& out) {
   Step(out, "check", Amount(c.basis) + " x " + Number(c.employee_percent) + " % = " + Amount(c.employee) + " DN, x " +
                          Number(c.employer_percent) + " % = " + Amount(c.employer) + " DG: " +
                          (same ? "as stored" : "DIFFERS from the stored month"));
+  demo::WalkShortTimeAndBenefits(manager, out, kYear, m);
 }
 
 }  // namespace cli

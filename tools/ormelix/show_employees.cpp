@@ -11,6 +11,7 @@
 #include "ormelix/store/value_helpers.h"
 #include "career_view.h"
 #include "show.h"
+#include "show_benefits.h"
 #include "show_lines.h"
 #include "table.h"
 
@@ -126,6 +127,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
     doc.Set("employee", EmployeeJson(*lohn));
     doc.Set("month", ColumnsJson(modDatabase::LohnzettelColumns(), month));
     AddLinesTransferYear(doc, *lohn, manager.AktMonat);
+    AddShortTimeAndBenefits(doc, manager, *lohn, manager.AktMonat, key);
     doc.Set("career", MonthCareerJson(*lohn->Laufbahn(), key));
     std::cout << doc.Dump();
     return 0;
@@ -142,6 +144,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
   PrintPairs(std::cout, "Lohnzettel " + std::to_string(key) + " (leere Felder ausgelassen; alle mit --json)",
              ColumnValues(modDatabase::LohnzettelColumns(), month), true);
   PrintLinesTransferYear(std::cout, *lohn, manager.AktJahr, manager.AktMonat);
+  PrintShortTimeAndBenefits(std::cout, manager, *lohn, manager.AktMonat, key);
   return 0;
 }
 
