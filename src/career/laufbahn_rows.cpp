@@ -2,9 +2,8 @@
 
 #include <string>
 
+#include "../session/row_reading.h"
 #include "ormelix/career/laufbahn_columns.h"
-#include "ormelix/error.h"
-#include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
 
 namespace ormelix::detail {
@@ -14,37 +13,6 @@ namespace {
 using namespace ValueHelpers;
 
 constexpr const char* kTable = "Mitarbeiter_Laufbahn";
-
-// The calendar a stored date may fall into: 1 January 100 to 31 December 9999.
-const Date kFirstDate = DateHelpers::DateSerial(100, 1, 1);
-const Date kLastDate = DateHelpers::DateSerial(9999, 12, 31);
-
-// Runs one column's read; a failure becomes a StoreError that names the column and
-// the row, so that a payroll office can find and mend the row.
-template <class Read>
-void Reading(const char* column, const std::string& id, Read&& read) {
-  try {
-    read();
-  } catch (const StoreError&) {
-    throw;
-  } catch (const std::exception& failure) {
-    throw StoreError("cannot read the career step with ID " + (id.empty() ? std::string("(none)") : id) + " of " +
-                         kTable,
-                     std::string(kTable) + "." + column, failure.what());
-  }
-}
-
-// A step stands on its day: Null, a blank text or a value that is no day of the
-// calendar cannot be read as one.
-Date StepDate(const Field& field) {
-  const Variant& value = field.Peek();
-  if (DateHelpers::IsEmptyText(value))
-    throw ConversionError(value.IsText() ? "Datum is an empty text, not a date" : "Datum is Null, not a date");
-  const Date date = ToDate(value);
-  if (!(date >= kFirstDate && date <= kLastDate))
-    throw ConversionError("Datum holds " + value.Describe() + ", which is no date of the years 100 to 9999");
-  return date;
-}
 
 }  // namespace
 
@@ -65,19 +33,12 @@ LaufbahnRowReader::LaufbahnRowReader(const Recordset& rows, Recordset* reasons)
 
 void LaufbahnRowReader::Read(LLohn_Laufbahn& step) const {
   step.ID = ToText(rows_.Fields(id_));
-  const std::string& id = step.ID;
-  Reading("Schritt", id, [&] { step.Schritt = static_cast<eLaufbahnschritte>(ToInteger(rows_.Fields(schritt_))); });
-  Reading("Datum", id, [&] { step.Datum = StepDate(rows_.Fields(datum_)); });
-  Reading("Grund", id, [&] { ReadReason(step); });
-  const auto& columns = LaufbahnColumns().Columns();
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const auto& decl = columns[i];
-    Reading(decl.column, id, [&] {
-      const Field field = rows_.Fields(bound_[i]);
-      if (decl.load == LoadAs::Custom) decl.load_with(step, field);
-      else LoadProperty(field, decl.load, decl.property(step));
-    });
-  }
+  const RowOf row{"the career step", kTable, step.ID};
+  Reading(row, "Schritt", [&] { step.Schritt = static_cast<eLaufbahnschritte>(ToInteger(rows_.Fields(schritt_))); });
+  // A step stands on its day: Null or a blank text is no day.
+  Reading(row, "Datum", [&] { step.Datum = StoredDate("Datum", rows_.Fields(datum_).Peek(), false); });
+  Reading(row, "Grund", [&] { ReadReason(step); });
+  ReadColumns(LaufbahnColumns(), bound_, step, rows_, row);
 }
 
 // The catalogue row of the step's reason, as a filter on the catalogue finds it:
