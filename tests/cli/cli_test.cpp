@@ -75,25 +75,36 @@ TEST(Cli, BadInputGivesOneLineAndStatusTwo) {
   }
 }
 
-TEST(Cli, ACareerRowWithoutADateIsReportedWithItsKey) {
-  test::TempDir dir;
-  ASSERT_EQ(RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string()).status, 0);
-  auto db = StoreConnection::Open(dir.File("payroll.db"));
-  const std::string employer = test::AddRow(db, "Mandanten", {{"Name", "Muster GmbH"}});
-  const std::string employee =
-      test::AddRow(db, "Mitarbeiter", {{"MandantenID", employer}, {"Personalnummer", 7}, {"Neuanlage", true}});
-  const std::string step = test::AddRow(db, "Mitarbeiter_Laufbahn", {{"MitarbeiterID", employee}, {"Schritt", 1}});
-  db.reset();
-  for (const char* what : {"career", "month"}) {
-    std::vector<std::string> args = {"show", "--store", dir.Path().string(), what, "--employee", "7"};
-    if (what == std::string("career")) args.insert(args.end(), {"--year", "2024"});
-    else args.insert(args.end(), {"--period", "202403"});
-    auto run = RunTool(args);
-    EXPECT_EQ(run.status, 2) << run.err;
-    EXPECT_EQ(Lines(run.err), 1) << run.err;
-    EXPECT_NE(run.err.find("Mitarbeiter_Laufbahn.Datum"), std::string::npos) << run.err;
-    EXPECT_NE(run.err.find(step), std::string::npos) << run.err;
-    EXPECT_TRUE(run.out.empty()) << run.out;
+TEST(Cli, ARowWithoutADateWhereOneMustBeIsReportedWithItsKey) {
+  struct Case {
+    const char* table;
+    const char* column;
+    Variant value;
+    std::vector<std::vector<std::string>> shows;
+  } cases[] = {
+      {"Mitarbeiter_Laufbahn", "Datum", Variant::NullValue(),
+       {{"career", "--year", "2024"}, {"month", "--period", "202403"}}},
+      {"Mitarbeiter_Kinder", "GebDatum", "im Sommer", {{"l16", "--year", "2024"}, {"month", "--period", "202403"}}},
+  };
+  for (const Case& c : cases) {
+    test::TempDir dir;
+    ASSERT_EQ(RunTool({"init", "payroll.db", "reference.db"}, dir.Path().string()).status, 0);
+    auto db = StoreConnection::Open(dir.File("payroll.db"));
+    const std::string employer = test::AddRow(db, "Mandanten", {{"Name", "Muster GmbH"}});
+    const std::string employee =
+        test::AddRow(db, "Mitarbeiter", {{"MandantenID", employer}, {"Personalnummer", 7}, {"Neuanlage", true}});
+    const std::string row = test::AddRow(db, c.table, {{"MitarbeiterID", employee}, {c.column, c.value}});
+    db.reset();
+    for (const auto& show : c.shows) {
+      std::vector<std::string> args = {"show", "--store", dir.Path().string(), show[0], "--employee", "7"};
+      args.insert(args.end(), show.begin() + 1, show.end());
+      auto run = RunTool(args);
+      EXPECT_EQ(run.status, 2) << run.err;
+      EXPECT_EQ(Lines(run.err), 1) << run.err;
+      EXPECT_NE(run.err.find(std::string(c.table) + "." + c.column), std::string::npos) << run.err;
+      EXPECT_NE(run.err.find(row), std::string::npos) << run.err;
+      EXPECT_TRUE(run.out.empty()) << run.out;
+    }
   }
 }
 
@@ -106,7 +117,10 @@ TEST(Cli, HelpDescribesEveryCommand) {
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_NE(help.out.find(std::string("usage: ormelix ") + command), std::string::npos) << help.out;
   }
-  EXPECT_NE(RunTool({"show", "--help"}).out.find("--json"), std::string::npos);
+  const std::string show = RunTool({"show", "--help"}).out;
+  EXPECT_NE(show.find("--json"), std::string::npos);
+  EXPECT_NE(show.find("l16 --employee ID --year YYYY"), std::string::npos);
+  EXPECT_NE(run.out.find("l16"), std::string::npos);
 }
 
 }  // namespace

@@ -195,6 +195,59 @@ TEST_F(DemoTest, CareersAsTheHostWroteThemAndWhatTheQueriesAnswer) {
   EXPECT_EQ(list["employees"].Size(), 5u);
 }
 
+TEST_F(DemoTest, ChildrenAsTheHostWroteThemWithTheirSelectionAndL16Data) {
+  for (const char* line :
+       {"GetFABOKinder(202503) = Lukas Huber, Marie Huber",
+        "GetFABOKinderAenderung(202503) = Lukas Huber: ganzer FABO in 202502, halber FABO from 202503",
+        "GetL16Daten(202501, 202512) Lukas Huber: ganzer FABO 1 bis 2, halber FABO 3 bis 8, A, Familienbeihilfenbezieher",
+        "GetL16Daten(202501, 202512) Marie Huber: ganzer FABO 1 bis 12"})
+    EXPECT_NE(demo_->out.find(line), std::string::npos) << line << "\n" << demo_->out;
+
+  // Lukas turns 18 in August 2025: September no longer counts him.
+  JsonValue august = Show({"month", "--employee", "1001", "--period", "202508"});
+  JsonValue september = Show({"month", "--employee", "1001", "--period", "202509"});
+  EXPECT_EQ(august["Kinder"]["GetFABOKinder"].Size(), 2u);
+  ASSERT_EQ(september["Kinder"]["GetFABOKinder"].Size(), 1u);
+  EXPECT_EQ(september["Kinder"]["GetFABOKinder"][0]["Name"].AsString(), "Marie Huber");
+  EXPECT_EQ(september["Kinder"]["GetAVAEKinder"].Size(), 2u);  // no age rule for the sole-earner allowance
+  const JsonValue& lukas = august["Kinder"]["Item"][0];
+  EXPECT_EQ(lukas["Geburtsdatum"].AsString(), "2007-08-21");
+  ASSERT_EQ(lukas["Zeitbezuege"].Size(), 2u);
+  EXPECT_EQ(lukas["Zeitbezuege"][1]["FABO"].AsNumber(), 2);
+  EXPECT_EQ(lukas["GetZB"].AsString(), lukas["Zeitbezuege"][1]["ID"].AsString());
+  EXPECT_EQ(lukas["Eingang"].AsNumber(), 202401);
+
+  JsonValue huber = Show({"l16", "--employee", "1001", "--year", "2025"});
+  ASSERT_EQ(huber["Kinder"].Size(), 2u);
+  const JsonValue& l16 = huber["Kinder"][0];
+  EXPECT_TRUE(l16["GetL16Daten"].AsBool());
+  // Whole bonus in January and February, half from March to August, when he turns 18.
+  const char* fields[] = {"KBGFP", "KEGFP", "KBHFP", "KEHFP"};
+  const double months[] = {1, 2, 3, 8};
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(l16[fields[i]].AsNumber(), months[i]) << fields[i];
+  EXPECT_EQ(huber["Kinder"][1]["KEGFP"].AsNumber(), 12);  // Marie: the open end
+
+  // Berger pays maintenance for a daughter born on 29 February who lives in Croatia.
+  JsonValue berger = Show({"l16", "--employee", "1002", "--year", "2025"});
+  EXPECT_EQ(berger["Kinder"][0]["Geburtsdatum"].AsString(), "2012-02-29");
+  EXPECT_EQ(berger["Kinder"][0]["KSTAAT"].AsString(), "HR");
+  EXPECT_TRUE(berger["Kinder"][0]["KAUHZ"].AsBool());
+  JsonValue berger_month = Show({"month", "--employee", "1002", "--period", "202503"});
+  EXPECT_EQ(berger_month["Kinder"]["GetFABOKinderUnterhaltszahler"].Size(), 1u);
+  EXPECT_EQ(berger_month["Kinder"]["GetFABOKinderOhneUnterhaltszahler"].Size(), 0u);
+  EXPECT_EQ(berger_month["Kinder"]["GetAVAEKinder"].Size(), 0u);
+  // Wagner's son, past 18 in education (FABO18), loses the allowance in October 2024.
+  JsonValue wagner = Show({"l16", "--employee", "1004", "--year", "2024"});
+  EXPECT_TRUE(wagner["Kinder"][0]["KAPFB"].AsBool());
+  EXPECT_EQ(wagner["Kinder"][0]["KBHFP"].AsNumber(), 1);
+  EXPECT_EQ(wagner["Kinder"][0]["KEHFP"].AsNumber(), 9);
+  EXPECT_EQ(Show({"l16", "--employee", "1003", "--year", "2025"})["Kinder"].Size(), 0u);
+
+  auto text = RunTool({"show", "--store", Store(), "l16", "--employee", "1001", "--year", "2025"});
+  EXPECT_EQ(text.status, 0) << text.err;
+  EXPECT_NE(text.out.find("Lukas Huber"), std::string::npos) << text.out;
+}
+
 TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
   struct Case {
     std::vector<std::string> args;
@@ -217,6 +270,9 @@ TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
       {{"show", "--store", Store(), "career", "--employee", "1001", "--year", "20x5"}, "is not a four-digit year"},
       {{"show", "--store", Store(), "career", "--employee", "4711", "--year", "2025"}, "unknown employee '4711'"},
       {{"show", "--store", Store(), "employees", "--year", "2025", "--sort", "age"}, "unknown sort 'age'"},
+      {{"show", "--store", Store(), "l16", "--year", "2025"}, "show l16 needs --employee"},
+      {{"show", "--store", Store(), "l16", "--employee", "1001"}, "show l16 needs --year"},
+      {{"show", "--store", Store(), "l16", "--employee", "4711", "--year", "2025"}, "unknown employee '4711'"},
       {{"demo", Store()}, "exists already"},
       {{"demo", dir_->File("other"), "--employees", "many"}, "not a number from 5 to 30000"},
   };

@@ -74,9 +74,12 @@ TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
     for (const char* period : {"202401", "202406", "202412", "202503", "202504"}) {
       JsonValue month = Show({"month", "--employee", std::to_string(number), "--period", period});
       if (month.kind() != JsonValue::Object) continue;
-      for (const char* key : {"Kurzarbeit", "SV_EL_Laufend", "Sachbezüge"}) EXPECT_TRUE(month.Has(key)) << key;
+      for (const char* key : {"Kurzarbeit", "SV_EL_Laufend", "Sachbezüge", "Kinder"}) EXPECT_TRUE(month.Has(key)) << key;
     }
-    for (const char* year : {"2024", "2025"}) Show({"career", "--employee", std::to_string(number), "--year", year});
+    for (const char* year : {"2024", "2025"}) {
+      Show({"career", "--employee", std::to_string(number), "--year", year});
+      Show({"l16", "--employee", std::to_string(number), "--year", year});
+    }
   }
 }
 
@@ -94,6 +97,10 @@ TEST_F(JsonOutput, AMonthShowsBothPropertiesOfTheCrossedColumn) {
   EXPECT_TRUE(month["month"].Has("Ueberst__50"));
   EXPECT_TRUE(month["employee"].Has("Geb_Datum"));
   EXPECT_EQ(month["employee"]["Mitarbeiter"]["FName"].AsString(), "Huber");
+  // A child's birth date is read from the column GebDatum into Geburtsdatum.
+  EXPECT_TRUE(month["Kinder"]["Item"][0].Has("Geburtsdatum"));
+  EXPECT_FALSE(month["Kinder"]["Item"][0].Has("GebDatum"));
+  EXPECT_TRUE(month["Kinder"]["Item"][0]["Zeitbezuege"][0].Has("FB_Bezieher"));
 }
 
 TEST_F(JsonOutput, ShortTimeBenefitsAndBenefitsInKindAreKeyedByPropertyNames) {

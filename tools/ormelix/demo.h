@@ -30,6 +30,10 @@ void BuildDemo(ormelix::clsManager& manager, int extra_employees, std::ostream& 
 void AddCareer(ormelix::clsManager& manager, const std::string& employee, const demo::Person& person);
 // What the career answers for the walk's month.
 void WalkCareer(const ormelix::LLohn& lohn, std::int32_t period, std::ostream& out);
+// An employee's children and their entitlements, written the way a host writes them.
+void AddChildren(ormelix::clsManager& manager, const std::string& employee, const demo::Person& person);
+// What the children answer for the walk's month, and their L16 data of its year.
+void WalkChildren(const ormelix::LLohn& lohn, std::int32_t period, std::ostream& out);
 // Walks one employee's month the way a payroll host does, and prints it.
 void WalkDemoMonth(ormelix::clsManager& manager, std::ostream& out);
 

@@ -17,11 +17,12 @@ const char* const kDemoHelp =
     "  objects: a Standard folder of base values with dated tables of 2024 and 2025\n"
     "  carrying Austrian statutory figures, a restore folder, one employer with its bank,\n"
     "  authorities, year data, contribution accounts and document protection, five\n"
-    "  employees with their careers and pay months of 2024 and 2025 (wage-type lines, a\n"
-    "  transfer, a short-time month, a replacement benefit, a company car and a flat as\n"
-    "  benefits in kind), and the reference catalogues (municipalities, provision funds,\n"
-    "  exit reasons, countries). Then it walks one employee's month the way a payroll host\n"
-    "  does, with the short-time figures of that month, and prints it. DIR must not hold\n"
+    "  employees with their careers, children (family bonus and sole-earner entitlements\n"
+    "  over 2024 and 2025) and pay months of 2024 and 2025 (wage-type lines, a transfer,\n"
+    "  a short-time month, a replacement benefit, a company car and a flat as benefits in\n"
+    "  kind), and the reference catalogues (municipalities, provision funds, exit reasons,\n"
+    "  countries). Then it walks one employee's month the way a payroll host does, with\n"
+    "  the short-time figures and the children of that month, and prints it. DIR must not hold\n"
     "  stores already.\n"
     "  --employees N   N employees instead of five (5 to 30000): the five named ones and\n"
     "                  generated ones, for a store of some size\n";
@@ -87,7 +88,8 @@ int Demo(Arguments args) {
             << "  ormelix show --store " << store << " month --employee 1004 --period 202503   (benefits in kind)\n"
             << "  ormelix show --store " << store << " month --employee 1005 --period 202412   (replacement benefit)\n"
             << "  ormelix show --store " << store << " countries --period 202003\n"
-            << "  ormelix show --store " << store << " career --employee 1002 --year 2024\n";
+            << "  ormelix show --store " << store << " career --employee 1002 --year 2024\n"
+            << "  ormelix show --store " << store << " l16 --employee 1001 --year 2025\n";
   return 0;
 }
 

@@ -1,4 +1,4 @@
-// The demo's employees: master data, bank details and their careers, then the
+// The demo's employees: master data, bank details, their careers and children, then the
 // pay months of 2024 and of January to March 2025, worked out from the base values
 // of each month the way a host does and saved month by month.
 #include <algorithm>
@@ -100,6 +100,7 @@ void BuildEmployees(clsManager& manager, const std::shared_ptr<clsBasisordner>& 
         modDatabase::SaveBankverbindung(manager, *lohn, id);
       }
       AddCareer(manager, id, p);
+      AddChildren(manager, id, p);
       by_number[p.personalnummer] = &p;
       progress.Step(static_cast<long>(i + 1), static_cast<long>(people.size()));
     }

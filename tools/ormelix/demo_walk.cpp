@@ -85,6 +85,7 @@ void WalkDemoMonth(clsManager& manager, std::ostream& out) {
                             " " + a.FName + ", Index " + std::to_string(manager.AktMitarbeiterIndex) + ", " + lohn->ID());
 
   WalkCareer(*lohn, manager.GetZeitraum(), out);
+  WalkChildren(*lohn, manager.GetZeitraum(), out);
 
   auto folder = manager.Basis()->Item(Variant(lohn->BasisID));
   Step(out, "base values", "Basis.Item(BasisID) = folder \"" + folder->Bezeichnung + "\"");

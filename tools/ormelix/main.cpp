@@ -18,7 +18,7 @@ const char* const kUsage =
     "  demo [DIR]               build a demo store with Austrian figures of 2024 and 2025 and\n"
     "                           walk one employee's month through it\n"
     "  show [--store PATH] WHAT show a store read-only: employers, employees, base, month,\n"
-    "                           countries\n"
+    "                           career, l16, countries\n"
     "\n"
     "ormelix COMMAND --help describes a command and its options. Bad input gives one line\n"
     "on standard error and exit status 2.\n";

@@ -14,6 +14,7 @@
 #include "ormelix/session/manager.h"
 
 namespace ormelix {
+class LLohn;
 class clsMandant;
 class clsBasisordner;
 class LBasis;
@@ -50,5 +51,20 @@ std::string SelectEmployer(ormelix::clsManager& manager, const std::optional<std
 // The ID of the current employer's employee named by ID or by Personalnummer;
 // UsageError for one the employer does not have.
 std::string FindEmployee(ormelix::clsManager& manager, const std::string& wanted);
+
+// The employee of a year that show career and show l16 look at: --employee, --year
+// and --employer taken from the arguments (UsageError for one missing or unknown),
+// the employer selected, AktJahr the year and AktMonat `month`, and the employee
+// loaded for that year.
+struct EmployeeOfYear {
+  std::int16_t year = 0;
+  std::shared_ptr<ormelix::LLohn> lohn;
+};
+EmployeeOfYear LoadEmployeeOfYear(ormelix::clsManager& manager, Arguments& args, const std::string& what,
+                                  std::int16_t month);
+// Who the employee is: ID, Personalnummer, Familienname, VorName.
+json::Value EmployeeBrief(const ormelix::LLohn& lohn);
+// "Huber Anna (Personalnummer 1001, {...})"
+std::string EmployeeHeading(const ormelix::LLohn& lohn);
 
 }  // namespace cli

@@ -161,28 +161,12 @@ void PrintMonthCareer(std::ostream& out, const LLohn_Laufbahnen& career, std::in
 }
 
 int ShowCareer(clsManager& manager, Arguments& args, bool as_json) {
-  std::optional<std::string> employee = args.TakeOption("employee");
-  std::optional<std::string> year_text = args.TakeOption("year");
-  std::optional<std::string> employer = args.TakeOption("employer");
-  args.ExpectEnd("ormelix show career --employee ID --year YYYY [--employer ID] [--json]");
-  if (!employee) throw UsageError("show career needs --employee ID (or a Personalnummer)");
-  if (!year_text) throw UsageError("show career needs --year YYYY (e.g. --year 2025)");
-  const std::int16_t year = ParseYear(*year_text);
-  SelectEmployer(manager, employer);
-  manager.AktJahr = year;
-  manager.AktMonat = 1;
-  const std::string id = FindEmployee(manager, *employee);
-  auto lohn = std::make_shared<LLohn>();
-  lohn->LoadMitarbeiter(manager, id, 0);
-  const LLohn_Laufbahnen& career = *lohn->Laufbahn();
-  const LLohn_Arbeiter& a = *lohn->Mitarbeiter();
+  const EmployeeOfYear e = LoadEmployeeOfYear(manager, args, "career", 1);
+  const std::int16_t year = e.year;
+  const LLohn_Laufbahnen& career = *e.lohn->Laufbahn();
   if (as_json) {
     json::Value doc = json::Value::MakeObject();
-    json::Value& who = doc.Set("employee", json::Value::MakeObject());
-    who.Set("ID", id);
-    who.Set("Personalnummer", static_cast<int>(a.Personalnummer));
-    who.Set("Familienname", a.FName);
-    who.Set("VorName", a.VName);
+    doc.Set("employee", EmployeeBrief(*e.lohn));
     doc.Set("year", static_cast<int>(year));
     doc.Set("Laufbahn", StepsJson(&career, false));
     doc.Set("LaufbahnschritteImZeitraum", StepsJson(StepsOfYear(career, year).get(), false));
@@ -190,7 +174,7 @@ int ShowCareer(clsManager& manager, Arguments& args, bool as_json) {
     std::cout << doc.Dump();
     return 0;
   }
-  std::cout << a.FName << " " << a.VName << " (Personalnummer " << a.Personalnummer << ", " << id << ")\n";
+  std::cout << EmployeeHeading(*e.lohn) << "\n";
   std::cout << manager.AktMandant()->Name << ", Laufbahn mit " << career.Count()
             << (career.Count() == 1 ? " Schritt\n\n" : " Schritten\n\n");
   PrintSteps(std::cout, career);

@@ -9,6 +9,7 @@
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
 #include "career_view.h"
+#include "children_view.h"
 #include "show.h"
 #include "table.h"
 
@@ -34,11 +35,18 @@ const char* const kShowHelp =
     "                                      short-time record and figures, its replacement\n"
     "                                      benefits with their sums, the benefits in kind of\n"
     "                                      the period (or the defaults a load gives), the\n"
-    "                                      career step in force and the steps of the year\n"
+    "                                      career step in force and the steps of the year,\n"
+    "                                      the children with their entitlements and which\n"
+    "                                      of them count for family bonus and sole-earner\n"
+    "                                      allowance in the month\n"
     "  career --employee ID --year YYYY [--employer ID]\n"
     "                                      every step of an employee's career with its exit\n"
     "                                      reason, the steps of the year and month by month\n"
     "                                      the step in force, entry and suspension months\n"
+    "  l16 --employee ID --year YYYY [--employer ID]\n"
+    "                                      the per-child fields of the wage slip L16 for\n"
+    "                                      the year: country, who draws the family\n"
+    "                                      allowance, months of the whole and half bonus\n"
     "  countries --period YYYYMM           the countries of the reference store with the\n"
     "                                      indicator in force for the period\n"
     "\n"
@@ -134,15 +142,17 @@ int Show(Arguments args) {
   std::optional<std::string> what = args.TakePositional();
   if (!what)
     throw UsageError(
-        "show needs WHAT: employers, employees, base, month, career or countries (see ormelix show --help)");
+        "show needs WHAT: employers, employees, base, month, career, l16 or countries (see ormelix show --help)");
   auto manager = OpenStores(where, /*read_only=*/true);
   if (*what == "employers") return ShowEmployers(*manager, args, as_json);
   if (*what == "employees") return ShowEmployees(*manager, args, as_json);
   if (*what == "base") return ShowBase(*manager, args, as_json);
   if (*what == "month") return ShowMonth(*manager, args, as_json);
   if (*what == "career") return ShowCareer(*manager, args, as_json);
+  if (*what == "l16") return ShowL16(*manager, args, as_json);
   if (*what == "countries") return ShowCountries(*manager, args, as_json);
-  throw UsageError("unknown show '" + *what + "'; expected employers, employees, base, month, career or countries");
+  throw UsageError("unknown show '" + *what +
+                   "'; expected employers, employees, base, month, career, l16 or countries");
 }
 
 }  // namespace cli

@@ -10,6 +10,7 @@
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
 #include "career_view.h"
+#include "children_view.h"
 #include "show.h"
 #include "show_benefits.h"
 #include "show_lines.h"
@@ -51,6 +52,39 @@ std::string FindEmployee(clsManager& manager, const std::string& wanted) {
     throw UsageError("unknown employee '" + wanted + "' at employer " + manager.AktMandant()->Name +
                      "; expected an ID or Personalnummer of: ormelix show employees --year YYYY");
   return ToText(rs->Fields("ID"));
+}
+
+EmployeeOfYear LoadEmployeeOfYear(clsManager& manager, Arguments& args, const std::string& what, std::int16_t month) {
+  std::optional<std::string> employee = args.TakeOption("employee");
+  std::optional<std::string> year = args.TakeOption("year");
+  std::optional<std::string> employer = args.TakeOption("employer");
+  args.ExpectEnd("ormelix show " + what + " --employee ID --year YYYY [--employer ID] [--json]");
+  if (!employee) throw UsageError("show " + what + " needs --employee ID (or a Personalnummer)");
+  if (!year) throw UsageError("show " + what + " needs --year YYYY (e.g. --year 2025)");
+  EmployeeOfYear result;
+  result.year = ParseYear(*year);
+  SelectEmployer(manager, employer);
+  manager.AktJahr = result.year;
+  manager.AktMonat = month;
+  const std::string id = FindEmployee(manager, *employee);
+  result.lohn = std::make_shared<LLohn>();
+  result.lohn->LoadMitarbeiter(manager, id, 0);
+  return result;
+}
+
+json::Value EmployeeBrief(const LLohn& lohn) {
+  const LLohn_Arbeiter& a = *lohn.Mitarbeiter();
+  json::Value who = json::Value::MakeObject();
+  who.Set("ID", lohn.ID());
+  who.Set("Personalnummer", static_cast<int>(a.Personalnummer));
+  who.Set("Familienname", a.FName);
+  who.Set("VorName", a.VName);
+  return who;
+}
+
+std::string EmployeeHeading(const LLohn& lohn) {
+  const LLohn_Arbeiter& a = *lohn.Mitarbeiter();
+  return a.FName + " " + a.VName + " (Personalnummer " + std::to_string(a.Personalnummer) + ", " + lohn.ID() + ")";
 }
 
 namespace {
@@ -129,11 +163,11 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
     AddLinesTransferYear(doc, *lohn, manager.AktMonat);
     AddShortTimeAndBenefits(doc, manager, *lohn, manager.AktMonat, key);
     doc.Set("career", MonthCareerJson(*lohn->Laufbahn(), key));
+    doc.Set("Kinder", MonthChildrenJson(*lohn->Kinder(), key));
     std::cout << doc.Dump();
     return 0;
   }
-  const LLohn_Arbeiter& a = *lohn->Mitarbeiter();
-  std::cout << a.FName << " " << a.VName << " (Personalnummer " << a.Personalnummer << ", " << id << ")\n";
+  std::cout << EmployeeHeading(*lohn) << "\n";
   std::cout << manager.AktMandant()->Name << ", Zeitraum " << key;
   if (!stored) std::cout << ": no pay row stored for this month; the defaults of a missing month are shown";
   std::cout << "\n";
@@ -141,6 +175,7 @@ int ShowMonth(clsManager& manager, Arguments& args, bool as_json) {
              ColumnValues(modDatabase::MitarbeiterColumns(), *lohn), true);
   PrintPairs(std::cout, "Bankverbindung", ColumnValues(modDatabase::BankverbindungColumns(), *lohn), true);
   PrintMonthCareer(std::cout, *lohn->Laufbahn(), key);
+  PrintMonthChildren(std::cout, *lohn->Kinder(), key);
   PrintPairs(std::cout, "Lohnzettel " + std::to_string(key) + " (leere Felder ausgelassen; alle mit --json)",
              ColumnValues(modDatabase::LohnzettelColumns(), month), true);
   PrintLinesTransferYear(std::cout, *lohn, manager.AktJahr, manager.AktMonat);
