@@ -1,18 +1,19 @@
 // Loading the employee list against a hand-written raw sqlite3 loader doing the
 // same reads, in one run: 1,000 and 10,000 employees of one employer, each with 12
-// pay rows of the year, 3 career steps, a bank row, the year data and the 40
-// wage-type rows (8 groups of 5 lines) of one month; a reference store beside it
-// holds the catalogue of exit reasons.
+// pay rows of the year, 3 career steps, 2 children with 3 entitlement rows each, a
+// bank row, the year data and the 40 wage-type rows (8 groups of 5 lines) of one
+// month; a reference store beside it holds the catalogue of exit reasons.
 //
 // The raw loader runs the statements the library runs (the employer's employees,
 // all career steps, the replacement benefits of the year; then per employee its
 // career steps with their exit reasons looked up in the catalogue, which it reads
-// per employee as the library does, its master row, its bank row, its wage-type
-// rows, its pay rows, its transfers and its year data), prepared once with sqlite3
+// per employee as the library does, its children and per child their entitlement
+// rows, its master row, its bank row, its wage-type rows, its pay rows, its
+// transfers and its year data), prepared once with sqlite3
 // and bound per employee, and keeps every column of those rows in plain structs. It
 // filters the year with hash maps of its own. When later work adds tables to the
-// employee load (children, password, replacement benefits, short-time), the raw
-// loader must read them too.
+// employee load (password, replacement benefits, short-time), the raw loader must
+// read them too.
 //
 // At the end the run prints the ratios: library / raw, 10,000 / 1,000, the first
 // load of a fresh session for both, and the heap bytes held per loaded LLohn
@@ -150,7 +151,8 @@ Store MakeStore(int employees) {
   sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
   {
     Inserter master(db, "Mitarbeiter"), bank(db, "Mitarbeiter_Bankverbindung"), career(db, "Mitarbeiter_Laufbahn"),
-        pay(db, "Mitarbeiter_Lohnzettel"), lines(db, "Mitarbeiter_Lohnarten"), year(db, "Mitarbeiter_Jahresdaten");
+        pay(db, "Mitarbeiter_Lohnzettel"), lines(db, "Mitarbeiter_Lohnarten"), year(db, "Mitarbeiter_Jahresdaten"),
+        children(db, "Mitarbeiter_Kinder"), entries(db, "Mitarbeiter_Kinder_ZB");
     for (int e = 0; e < employees; ++e) {
       std::string id = ValueHelpers::NewID();
       master.Insert(e, {{"ID", Variant(id)}, {"MandantenID", Variant(store.employer)}, {"Personalnummer", e % 30000},
@@ -163,6 +165,16 @@ Store MakeStore(int employees) {
         career.Insert(e, {{"MitarbeiterID", Variant(id)}, {"Schritt", step[0]},
                           {"Datum", DateHelpers::DateSerial(step[1], 3, 1)},
                           {"Grund", step[0] == 2 ? Variant(e % (kReasons + 2)) : Variant::NullValue()}});
+      // two children, each with three entitlement rows: whole bonus, half, whole again
+      for (int c = 0; c < 2; ++c) {
+        std::string kid = ValueHelpers::NewID();
+        children.Insert(e * 2 + c, {{"ID", Variant(kid)}, {"MitarbeiterID", Variant(id)},
+                                    {"GebDatum", DateHelpers::DateSerial(2008 + c * 5 + e % 4, 1 + e % 12, 1 + e % 28)}});
+        const int periods[3] = {202001, 202301, 202403};
+        for (int r = 0; r < 3; ++r)
+          entries.Insert(e * 6 + c * 3 + r, {{"KID", Variant(kid)}, {"Zeitraum", periods[r]}, {"KFZ", Variant("A")},
+                                             {"FB_Bezieher", 1 + (e + r) % 3}, {"FABO", 1 + r % 2}, {"AVAB", -1}});
+      }
       for (int month = 1; month <= 12; ++month)
         pay.Insert(e * 12 + month, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + month},
                                     {"FB_Tage", Variant("0315")}});
@@ -235,10 +247,17 @@ struct RawStep {
   std::string reason_text;
 };
 
+// A child with its entitlement rows.
+struct RawChild {
+  RawRow row;
+  std::vector<RawRow> entries;
+};
+
 struct RawEmployee {
   std::string id;
   int index = 0;
   std::vector<RawStep> career;
+  std::vector<RawChild> children;
   RawRow master;
   RawRow bank;
   std::vector<RawRow> lines;  // the wage-type rows of the year
@@ -305,6 +324,18 @@ void RawCareer(Statement& steps, Statement& reasons, const std::string& id, RawE
   }
 }
 
+// The employee's children by birth date, and per child its entitlement rows by period.
+void RawChildren(Statement& children, Statement& entries, const std::string& id, RawEmployee& employee) {
+  children.Bind(id);
+  while (sqlite3_step(children.get()) == SQLITE_ROW) {
+    RawChild& child = employee.children.emplace_back();
+    ReadRow(children.get(), child.row);
+    const std::string kid = reinterpret_cast<const char*>(sqlite3_column_text(children.get(), 1));
+    entries.Bind(kid);
+    while (sqlite3_step(entries.get()) == SQLITE_ROW) ReadRow(entries.get(), child.entries.emplace_back());
+  }
+}
+
 std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::string& employer) {
   Statement employees(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"MandantenID\"=? ORDER BY \"Personalnummer\" ASC");
   Statement career(db, "SELECT * FROM \"Mitarbeiter_Laufbahn\" ORDER BY \"Datum\" DESC, \"Nr\" DESC");
@@ -316,6 +347,9 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::str
   Statement steps(db,
                   "SELECT * FROM \"Mitarbeiter_Laufbahn\" WHERE \"MitarbeiterID\"=? ORDER BY \"Datum\" ASC, \"Nr\" ASC");
   Statement reasons(reference, "SELECT * FROM \"DM_Austrittsgründe\"");
+  Statement children(db,
+                     "SELECT * FROM \"Mitarbeiter_Kinder\" WHERE \"MitarbeiterID\"=? ORDER BY \"GebDatum\" ASC");
+  Statement child_entries(db, "SELECT * FROM \"Mitarbeiter_Kinder_ZB\" WHERE \"KID\"=? ORDER BY \"Zeitraum\" ASC");
   Statement master(db, "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=?");
   Statement bank(db, "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=?");
   Statement lines(db, "SELECT * FROM \"Mitarbeiter_Lohnarten\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\", \"SortNr\"");
@@ -355,6 +389,7 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::str
     employee.id = id;
     employee.index = static_cast<int>(result.size());
     RawCareer(steps, reasons, id, employee);
+    RawChildren(children, child_entries, id, employee);
     master.Bind(id);
     if (sqlite3_step(master.get()) == SQLITE_ROW) ReadRow(master.get(), employee.master);
     bank.Bind(id);
