@@ -21,6 +21,7 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
@@ -131,7 +132,10 @@ void MakeReferenceStore(const std::string& path) {
 
 Store MakeStore(int employees) {
   Store store;
-  store.path = (std::filesystem::temp_directory_path() / ("ormelix-employee-bench-" + std::to_string(employees) + ".db"))
+  // Named by the process too: another run on the same machine must not replace the
+  // store under this one.
+  store.path = (std::filesystem::temp_directory_path() /
+                ("ormelix-employee-bench-" + std::to_string(getpid()) + "-" + std::to_string(employees) + ".db"))
                    .string();
   std::filesystem::remove(store.path);
   store.reference = store.path + ".reference";
@@ -191,11 +195,22 @@ Store MakeStore(int employees) {
 }
 
 // One store per size, made on first use and kept for the run.
-const Store& Data(int employees) {
+std::map<int, Store>& Stores() {
   static std::map<int, Store> stores;
-  auto found = stores.find(employees);
-  if (found == stores.end()) found = stores.emplace(employees, MakeStore(employees)).first;
+  return stores;
+}
+
+const Store& Data(int employees) {
+  auto found = Stores().find(employees);
+  if (found == Stores().end()) found = Stores().emplace(employees, MakeStore(employees)).first;
   return found->second;
+}
+
+void RemoveStores() {
+  for (const auto& [employees, store] : Stores()) {
+    std::filesystem::remove(store.path);
+    std::filesystem::remove(store.reference);
+  }
 }
 
 // ---------------------------------------------------------------- the library
@@ -527,6 +542,7 @@ int main(int argc, char** argv) {
   ReportFirstLoad(10000);
   ReportMemoryPerEmployee(1000);
   ReportMemoryPerEmployee(10000);
+  RemoveStores();
   benchmark::Shutdown();
   return 0;
 }

@@ -8,9 +8,9 @@
 #include "../session/row_reading.h"
 #include "ormelix/collection.h"
 #include "ormelix/store/columns.h"
-#include "ormelix/store/date_helpers.h"
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/value_helpers.h"
+#include "ormelix/text.h"
 
 namespace ormelix::detail {
 
@@ -20,8 +20,10 @@ namespace ormelix::detail {
 // finds the object that was added under the ID its own row stores; a text that is
 // no ID as it is.
 inline std::string ChildKey(const std::string& id) {
+  // SqlID gives an ID in braces, any other text in quotes, and a text of blanks the
+  // ID that matches nothing.
   std::string key = ValueHelpers::SqlID(id);
-  return DateHelpers::IsID(Variant(key)) ? key : id;
+  return key.front() == '{' && !TrimBlanks(id).empty() ? key : id;
 }
 
 // A lookup argument with a text brought to that form; positions as they are.
@@ -32,16 +34,14 @@ inline Variant ChildIndex(const Variant& index) {
 // Every row of the recordset as a new object (its ID, then the declared columns),
 // finished by `then` and added under its key to a list built aside, so that a row
 // that cannot be read (a StoreError naming table, column and row) leaves no half
-// filled list behind. T has a member ID.
+// filled list behind. T has a member ID, which the declaration reads first.
 template <class T, class Then>
 Collection<T> ReadRows(Recordset& rows, const ColumnSet<T>& columns, const char* list_name, const char* what,
                        const char* table, Then&& then) {
   Collection<T> loaded(list_name);
   const std::vector<int> bound = columns.Bind(rows);
-  const int id_column = rows.FieldIndex("ID");
   for (; !rows.Eof(); rows.MoveNext()) {
     auto item = std::make_shared<T>();
-    item->ID = ValueHelpers::ToText(rows.Fields(id_column));
     ReadColumns(columns, bound, *item, rows, RowOf{what, table, item->ID});
     then(*item);
     loaded.Add(item, ChildKey(item->ID));

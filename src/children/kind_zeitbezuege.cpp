@@ -10,7 +10,7 @@ namespace ormelix {
 
 namespace {
 
-constexpr const char* kCollectionName = "the entries of the child";
+constexpr const char* kCollectionName = "child entries";  // short enough to need no heap
 constexpr const char* kTable = "Mitarbeiter_Kinder_ZB";
 
 }  // namespace

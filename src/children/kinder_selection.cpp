@@ -16,7 +16,7 @@ namespace ormelix {
 
 namespace {
 
-constexpr const char* kSelectionName = "the children selected";
+constexpr const char* kSelectionName = "the selection";
 
 // The values of a row that the tests look at; a column the question does not
 // select stays at its empty value.
