@@ -9,10 +9,6 @@ namespace {
 using Kind = LLohn_Kind;
 using Entry = LLohn_Kind_Zeitbezug;
 
-template <auto M, class Target>
-ColumnDecl<Target> Read(const char* column, LoadAs load) {
-  return {column, Member<M, Target>, load, SaveAs::None};
-}
 
 // The two enumerations, read as 16-bit numbers and kept as stored.
 void LoadFB(Entry& entry, const Field& field) {
@@ -32,25 +28,25 @@ ColumnDecl<Entry> ReadEnum(const char* column, void (*load)(Entry&, const Field&
 
 const ColumnSet<LLohn_Kind>& KindColumns() {
   static const ColumnSet<Kind> columns{
-      Read<&Kind::ID, Kind>("ID", LoadAs::Text),
-      Read<&Kind::VorName, Kind>("VorName", LoadAs::Text),
-      Read<&Kind::Nachname, Kind>("Nachname", LoadAs::Text),
-      Read<&Kind::VersNr, Kind>("VersNr", LoadAs::Text),
-      Read<&Kind::Geburtsdatum, Kind>("GebDatum", LoadAs::Date),
+      Plain<&Kind::ID>(LoadAs::Text, SaveAs::None),
+      Plain<&Kind::VorName>(LoadAs::Text, SaveAs::None),
+      Plain<&Kind::Nachname>(LoadAs::Text, SaveAs::None),
+      Plain<&Kind::VersNr>(LoadAs::Text, SaveAs::None),
+      ColumnDecl<Kind>{"GebDatum", Member<&Kind::Geburtsdatum>, LoadAs::Date, SaveAs::None},
   };
   return columns;
 }
 
 const ColumnSet<LLohn_Kind_Zeitbezug>& ZeitbezugColumns() {
   static const ColumnSet<Entry> columns{
-      Read<&Entry::ID, Entry>("ID", LoadAs::Text),
-      Read<&Entry::Zeitraum, Entry>("Zeitraum", LoadAs::Long),
-      Read<&Entry::KFZ, Entry>("KFZ", LoadAs::Text),
-      Read<&Entry::Kinderzuschlag_ab, Entry>("Kinderzuschlag_ab", LoadAs::Long),
+      Plain<&Entry::ID>(LoadAs::Text, SaveAs::None),
+      Plain<&Entry::Zeitraum>(LoadAs::Long, SaveAs::None),
+      Plain<&Entry::KFZ>(LoadAs::Text, SaveAs::None),
+      Plain<&Entry::Kinderzuschlag_ab>(LoadAs::Long, SaveAs::None),
       ReadEnum("FB_Bezieher", &LoadFB, &FBValue),
       ReadEnum("FABO", &LoadFABO, &FABOValue),
-      Read<&Entry::FABO18, Entry>("FABO18", LoadAs::Flag),
-      Read<&Entry::AVAB, Entry>("AVAB", LoadAs::Flag),
+      Plain<&Entry::FABO18>(LoadAs::Flag, SaveAs::None),
+      Plain<&Entry::AVAB>(LoadAs::Flag, SaveAs::None),
   };
   return columns;
 }
