@@ -48,36 +48,54 @@ using MonthArray = IndexedArray<T, 0, 12>;
 template <class T>
 using Month1Array = IndexedArray<T, 1, 12>;
 
-// The storage of the grids below: allocated at the first write, so that an object
-// with many grids that a load leaves untouched (the wage-type lines of an employee
-// without any) costs a pointer each. A read of an untouched grid gives T{}.
-template <class T, std::size_t N>
-class LazyCells {
+// The storage of the grids below: a block of cells per month, allocated at the
+// first write into that month, so that an object with many grids that a load
+// leaves untouched (the wage-type lines of an employee without any) costs a pointer
+// each, and one with the lines of one month holds that month only. A read of an
+// untouched cell gives T{}.
+template <class T, std::size_t PerMonth>
+class MonthBlocks {
  public:
-  LazyCells() = default;
-  LazyCells(const LazyCells& other) : cells_(other.cells_ ? std::make_unique<std::array<T, N>>(*other.cells_) : nullptr) {}
-  LazyCells& operator=(const LazyCells& other) {
-    if (this != &other) cells_ = other.cells_ ? std::make_unique<std::array<T, N>>(*other.cells_) : nullptr;
+  using Block = std::array<T, PerMonth>;
+
+  MonthBlocks() = default;
+  MonthBlocks(const MonthBlocks& other) { CopyFrom(other); }
+  MonthBlocks& operator=(const MonthBlocks& other) {
+    if (this != &other) CopyFrom(other);
     return *this;
   }
-  LazyCells(LazyCells&&) noexcept = default;
-  LazyCells& operator=(LazyCells&&) noexcept = default;
+  MonthBlocks(MonthBlocks&&) noexcept = default;
+  MonthBlocks& operator=(MonthBlocks&&) noexcept = default;
 
-  T& At(std::size_t offset) {
-    if (!cells_) {
-      cells_ = std::make_unique<std::array<T, N>>();
-      cells_->fill(T{});
+  T& At(int month, std::size_t offset) {
+    if (!months_) months_ = std::make_unique<Months>();
+    std::unique_ptr<Block>& block = (*months_)[static_cast<std::size_t>(month)];
+    if (!block) {
+      block = std::make_unique<Block>();
+      block->fill(T{});
     }
-    return (*cells_)[offset];
+    return (*block)[offset];
   }
-  const T& At(std::size_t offset) const {
+  const T& At(int month, std::size_t offset) const {
     static const T kUntouched{};
-    return cells_ ? (*cells_)[offset] : kUntouched;
+    if (!months_) return kUntouched;
+    const std::unique_ptr<Block>& block = (*months_)[static_cast<std::size_t>(month)];
+    return block ? (*block)[offset] : kUntouched;
   }
-  bool Allocated() const { return cells_ != nullptr; }
+  bool Allocated() const { return months_ != nullptr; }
 
  private:
-  std::unique_ptr<std::array<T, N>> cells_;
+  using Months = std::array<std::unique_ptr<Block>, 13>;
+
+  void CopyFrom(const MonthBlocks& other) {
+    months_.reset();
+    if (!other.months_) return;
+    months_ = std::make_unique<Months>();
+    for (std::size_t m = 0; m < 13; ++m)
+      if ((*other.months_)[m]) (*months_)[m] = std::make_unique<Block>(*(*other.months_)[m]);
+  }
+
+  std::unique_ptr<Months> months_;
 };
 
 // Two indices (a, month): a in ALow..AHigh, month 0..12.
@@ -86,19 +104,29 @@ class MonthGrid {
  public:
   explicit MonthGrid(const char* name = nullptr) : name_(name) {}
 
-  T& operator()(int a, int month) { return values_.At(Offset(a, month)); }
-  const T& operator()(int a, int month) const { return values_.At(Offset(a, month)); }
+  // The first index is checked before the month.
+  T& operator()(int a, int month) {
+    const std::size_t at = Offset(a);
+    return values_.At(Month(month), at);
+  }
+  const T& operator()(int a, int month) const {
+    const std::size_t at = Offset(a);
+    return values_.At(Month(month), at);
+  }
   // False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:
-  std::size_t Offset(int a, int month) const {
+  std::size_t Offset(int a) const {
     if (a < ALow || a > AHigh) detail::IndexOutOfRange(name_, a, ALow, AHigh);
+    return static_cast<std::size_t>(a - ALow);
+  }
+  int Month(int month) const {
     if (month < 0 || month > 12) detail::IndexOutOfRange(name_, month, 0, 12);
-    return static_cast<std::size_t>(a - ALow) * 13 + static_cast<std::size_t>(month);
+    return month;
   }
 
-  LazyCells<T, (AHigh - ALow + 1) * 13> values_;
+  MonthBlocks<T, AHigh - ALow + 1> values_;
   const char* name_;
 };
 
@@ -108,21 +136,30 @@ class MonthGrid3 {
  public:
   explicit MonthGrid3(const char* name = nullptr) : name_(name) {}
 
-  T& operator()(int a, int b, int month) { return values_.At(Offset(a, b, month)); }
-  const T& operator()(int a, int b, int month) const { return values_.At(Offset(a, b, month)); }
+  // The indices are checked in order: a, b, month.
+  T& operator()(int a, int b, int month) {
+    const std::size_t at = Offset(a, b);
+    return values_.At(Month(month), at);
+  }
+  const T& operator()(int a, int b, int month) const {
+    const std::size_t at = Offset(a, b);
+    return values_.At(Month(month), at);
+  }
   // False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:
-  std::size_t Offset(int a, int b, int month) const {
+  std::size_t Offset(int a, int b) const {
     if (a < ALow || a > AHigh) detail::IndexOutOfRange(name_, a, ALow, AHigh);
     if (b < BLow || b > BHigh) detail::IndexOutOfRange(name_, b, BLow, BHigh);
+    return static_cast<std::size_t>(a - ALow) * (BHigh - BLow + 1) + static_cast<std::size_t>(b - BLow);
+  }
+  int Month(int month) const {
     if (month < 0 || month > 12) detail::IndexOutOfRange(name_, month, 0, 12);
-    return (static_cast<std::size_t>(a - ALow) * (BHigh - BLow + 1) + static_cast<std::size_t>(b - BLow)) * 13 +
-           static_cast<std::size_t>(month);
+    return month;
   }
 
-  LazyCells<T, (AHigh - ALow + 1) * (BHigh - BLow + 1) * 13> values_;
+  MonthBlocks<T, (AHigh - ALow + 1) * (BHigh - BLow + 1)> values_;
   const char* name_;
 };
 

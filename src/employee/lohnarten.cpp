@@ -68,8 +68,8 @@ std::string TableSql(const std::string& id) {
 
 // The line a stored row stands for. A SortNr outside 1..5 is the range failure of
 // the line, naming the row, before anything of the row is taken.
-int LineOf(const Recordset& rs, int sort_nr, int group, int month, const std::string& id) {
-  const int line = ToInteger(rs.Fields(sort_nr));
+int LineOf(const Variant& sort_nr, int group, int month, const std::string& id) {
+  const int line = ToInteger(sort_nr);
   if (line < 1 || line > 5)
     throw std::out_of_range("Mitarbeiter_Lohnarten: SortNr " + std::to_string(line) + " of group " +
                             std::to_string(group) + " in month " + std::to_string(month) + " of employee " + id +
@@ -87,13 +87,49 @@ struct BoundGroups {
   }
 };
 
+// The whole number 1..last a cell holds, as an equality filter on it would match
+// it (numbers and numeric text alike); 0 for any other value.
+int WholeIn(const Variant& cell, double first, int last) {
+  double number = 0;
+  if (!cell.TryNumber(number)) return 0;
+  const double offset = number - first + 1;
+  return offset >= 1 && offset <= last && offset == static_cast<int>(offset) ? static_cast<int>(offset) : 0;
+}
+
+// The rows of a load sorted once by month (1..12) and group (1..8), each list in
+// the recordset's order: what the filters "[Zeitraum]=<month> AND [Lohnarttyp]=<group>"
+// would give, without filtering the recordset 108 times. Rows of other years or
+// groups are in no list. The cells stay valid while the recordset is open.
+class RowsByMonthAndGroup {
+ public:
+  RowsByMonthAndGroup(Recordset& rs, std::int16_t year) {
+    const int zeitraum = rs.FieldIndex("Zeitraum");
+    const int lohnarttyp = rs.FieldIndex("Lohnarttyp");
+    const double january = MakeZeitraum(1, year);
+    for (; !rs.Eof(); rs.MoveNext()) {
+      const Variant* row = rs.CurrentRow();
+      const int month = WholeIn(row[zeitraum], january, 12);
+      const int group = WholeIn(row[lohnarttyp], 1, MaxAnzahl);
+      if (month && group) rows_[month][group].push_back(row);
+    }
+  }
+  bool HasMonth(int month) const {
+    for (int group = 1; group <= MaxAnzahl; ++group)
+      if (!rows_[month][group].empty()) return true;
+    return false;
+  }
+  const std::vector<const Variant*>& Of(int month, int group) const { return rows_[month][group]; }
+
+ private:
+  std::vector<const Variant*> rows_[13][MaxAnzahl + 1];
+};
+
 // The rows of one group in one month, each into its line.
-void LoadGroup(Recordset& rs, LLohn& lohn, const std::string& period_filter, int group, int month,
-               const BoundGroups& bound, const std::string& id) {
-  rs.Filter(period_filter + " AND [Lohnarttyp]=" + std::to_string(group));
-  for (; !rs.Eof(); rs.MoveNext()) {
-    LohnartenLine row{&lohn, group, LineOf(rs, bound.sort_nr, group, month, id), month};
-    LohnartenColumns(group).Load(row, rs, bound.columns[group]);
+void LoadGroup(const RowsByMonthAndGroup& rows, LLohn& lohn, int group, int month, const BoundGroups& bound,
+               const std::string& id) {
+  for (const Variant* cells : rows.Of(month, group)) {
+    LohnartenLine row{&lohn, group, LineOf(cells[bound.sort_nr], group, month, id), month};
+    LohnartenColumns(group).Load(row, cells, bound.columns[group]);
   }
 }
 
@@ -146,18 +182,15 @@ void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
     return;
   }
   const BoundGroups bound(*rs);
+  const RowsByMonthAndGroup rows(*rs, pManager.AktJahr);
   for (int month = 1; month <= 12; ++month) {
-    const std::string period_filter =
-        "[Zeitraum]=" + std::to_string(MakeZeitraum(static_cast<std::int16_t>(month), pManager.AktJahr));
-    // A month without rows has none in any group: its group passes are left out.
-    rs->Filter(period_filter);
-    if (rs->Eof()) continue;
-    for (int group = 1; group <= 6; ++group) LoadGroup(*rs, pLohn, period_filter, group, month, bound, pMitarbeiterID);
+    if (!rows.HasMonth(month)) continue;
+    for (int group = 1; group <= 6; ++group) LoadGroup(rows, pLohn, group, month, bound, pMitarbeiterID);
     // Group 7 is read in two passes in a row; the second finds the same rows and
     // changes nothing.
-    LoadGroup(*rs, pLohn, period_filter, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
-    LoadGroup(*rs, pLohn, period_filter, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
-    LoadGroup(*rs, pLohn, period_filter, Aufwandsentschädigung_Zusatz, month, bound, pMitarbeiterID);
+    LoadGroup(rows, pLohn, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
+    LoadGroup(rows, pLohn, Sonstige_Abzüge_Zusatz, month, bound, pMitarbeiterID);
+    LoadGroup(rows, pLohn, Aufwandsentschädigung_Zusatz, month, bound, pMitarbeiterID);
   }
   rs->Close();
 }

@@ -6,9 +6,11 @@
 namespace ormelix::detail {
 
 namespace {
-// Distinct texts kept translated; past this the cache starts afresh. Texts that
-// differ only in a key value are distinct here, so the bound keeps memory flat.
+// Distinct shapes kept translated; past this the cache starts afresh, so that a host
+// that builds many distinct statements keeps its memory flat.
 constexpr std::size_t kTranslationCacheLimit = 4096;
+// Filter texts kept parsed per statement's columns.
+constexpr std::size_t kFilterCacheLimit = 256;
 }  // namespace
 
 ColumnLayout::ColumnLayout(std::vector<ColumnInfo> columns) : columns_(std::move(columns)) {
@@ -31,6 +33,16 @@ int ColumnLayout::Lookup(std::string_view name) const {
   auto qualified = qualified_.find(folded);
   if (qualified != qualified_.end()) return qualified->second;
   return -1;
+}
+
+std::shared_ptr<const FilterNode> ColumnLayout::ParsedFilter(
+    std::string_view criteria, const std::function<FilterNode(std::string_view)>& parse) const {
+  auto found = filters_.find(criteria);
+  if (found != filters_.end()) return found->second;
+  auto node = std::make_shared<const FilterNode>(parse(criteria));
+  if (filters_.size() >= kFilterCacheLimit) filters_.clear();
+  filters_.emplace(std::string(criteria), node);
+  return node;
 }
 
 ConnectOptions ParseConnect(const std::string& connect, const std::string& path) {
@@ -71,12 +83,37 @@ std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::stri
 }
 
 const TranslatedSql& Backend::Translate(std::string_view jet_sql) {
-  std::string key(jet_sql);
-  auto found = translations_.find(key);
-  if (found != translations_.end()) return found->second;
+  // A recordset asks for the translation of its text when it opens and again when
+  // it reads: the second time it is the latest one.
+  if (latest_ && jet_sql == latest_text_) return *latest_;
+  latest_ = &TranslateAnew(jet_sql);
+  latest_text_.assign(jet_sql);
+  return *latest_;
+}
+
+const TranslatedSql& Backend::TranslateAnew(std::string_view jet_sql) {
+  // A text without bound literals comes back as it stands: found by its text.
+  auto exact = exact_translations_.find(jet_sql);
+  if (exact != exact_translations_.end()) return exact->second;
+  // A text that holds the shape's own marker is translated on its own, every time.
+  if (jet_sql.find('\x01') != std::string_view::npos) return uncached_ = TranslateSql(jet_sql, dialect_);
+  // Otherwise texts that differ only in the literals of their conditions (the key
+  // of an employee, a period) share one translation; the entry carries the
+  // parameters of the latest text, which the caller binds at once.
+  SqlShape shape = ShapeOf(jet_sql);
+  auto found = translations_.find(shape.key);
+  if (found != translations_.end()) {
+    found->second.params = std::move(shape.params);
+    return found->second;
+  }
   TranslatedSql translated = TranslateSql(jet_sql, dialect_);
-  if (translations_.size() >= kTranslationCacheLimit) translations_.clear();
-  return translations_.emplace(std::move(key), std::move(translated)).first->second;
+  // The shape's parameters are the translation's own; where they are not (which
+  // would be a fault of the shape), the text is not shared.
+  if (translated.params != shape.params) return uncached_ = std::move(translated);
+  auto& cache = translated.params.empty() ? exact_translations_ : translations_;
+  std::string key = translated.params.empty() ? std::string(jet_sql) : std::move(shape.key);
+  if (cache.size() >= kTranslationCacheLimit) cache.clear();
+  return cache.emplace(std::move(key), std::move(translated)).first->second;
 }
 
 }  // namespace ormelix::detail

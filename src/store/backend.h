@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "filter.h"
 #include "ormelix/store/variant.h"
 #include "sql_dialect.h"
 
@@ -33,6 +34,12 @@ class ColumnLayout {
   // The column index, -1 for an unknown name, -2 for an ambiguous one.
   int Lookup(std::string_view name) const;
 
+  // A filter text parsed against these columns, kept: the recordsets of one
+  // statement are filtered by the same few texts again and again (a month, a group
+  // of lines), one recordset per employee. parse is called for a text not seen yet.
+  std::shared_ptr<const FilterNode> ParsedFilter(std::string_view criteria,
+                                                 const std::function<FilterNode(std::string_view)>& parse) const;
+
  private:
   struct NameHash {
     using is_transparent = void;
@@ -42,6 +49,7 @@ class ColumnLayout {
   std::unordered_map<std::string, int, NameHash, std::equal_to<>> exact_;
   std::unordered_map<std::string, int> folded_;
   std::unordered_map<std::string, int> qualified_;
+  mutable std::unordered_map<std::string, std::shared_ptr<const FilterNode>, NameHash, std::equal_to<>> filters_;
 };
 
 struct QueryResult {
@@ -126,7 +134,17 @@ class Backend {
   static constexpr std::size_t kSpareCells = 16384;  // 640 KB of variants
   SqlDialect dialect_;
   std::vector<Variant> spare_;
-  std::unordered_map<std::string, TranslatedSql> translations_;
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+  };
+  using TranslationCache = std::unordered_map<std::string, TranslatedSql, TextHash, std::equal_to<>>;
+  TranslationCache translations_;        // by shape (see ShapeOf)
+  TranslationCache exact_translations_;  // texts without bound literals, by text
+  TranslatedSql uncached_;
+  const TranslatedSql* latest_ = nullptr;  // the latest translation handed out, of latest_text_
+  std::string latest_text_;
+  const TranslatedSql& TranslateAnew(std::string_view jet_sql);
 };
 
 // What the connect text of a store asks for: the backend ("sqlite", the default)

@@ -75,7 +75,9 @@ double Rounded(PropertyRef from, int digits) {
 
 }  // namespace
 
-void LoadProperty(const Field& field, LoadAs how, PropertyRef into) {
+void LoadProperty(const Field& field, LoadAs how, PropertyRef into) { LoadProperty(field.Peek(), how, into); }
+
+void LoadProperty(const Variant& field, LoadAs how, PropertyRef into) {
   switch (how) {
     case LoadAs::None:
       return;

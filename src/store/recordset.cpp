@@ -68,6 +68,9 @@ struct ColumnIndex {
 
 }  // namespace
 
+// Below this many rows a filter tests every row rather than build an index.
+constexpr std::size_t kRowsWorthAnIndex = 64;
+
 struct Recordset::Impl {
   std::shared_ptr<detail::Backend> backend;
   std::string sql;
@@ -82,7 +85,7 @@ struct Recordset::Impl {
   int key_column = -1;
 
   std::string filter_text;
-  std::optional<FilterNode> filter;
+  std::shared_ptr<const FilterNode> filter;
   RowList view;
   long pos = 0;  // -1 before the first row, view.size() after the last
 
@@ -180,6 +183,8 @@ struct Recordset::Impl {
   // index already, else of the first equality term (whose index is built now), or
   // none when there is no equality term (then every row is tested).
   std::optional<RowList> Candidates(const FilterNode& node) const {
+    // A few rows are tested faster than an index is built.
+    if (RowCount() < kRowsWorthAnIndex) return std::nullopt;
     std::vector<const FilterNode*> terms;
     auto consider = [&](const FilterNode& term) {
       if (term.kind == FilterNode::Term && term.op == CompareOp::Eq && !term.literal.IsNull()) terms.push_back(&term);
@@ -392,6 +397,11 @@ const std::string& Recordset::FieldTable(int index) const { return impl_->layout
 
 const Variant* Recordset::CurrentCell(int column) const { return impl_->Cell(column); }
 
+const Variant* Recordset::CurrentRow() const {
+  if (impl_->mode != Impl::None) return impl_->edit_row.data();
+  return impl_->Row();
+}
+
 void Recordset::Collect(std::string_view name, const Variant& value) { Collect(impl_->Resolve(name), value); }
 
 void Recordset::Collect(int index, const Variant& value) {
@@ -456,7 +466,7 @@ void Recordset::Filter(std::string_view criteria) {
     d.filter.reset();
     d.filter_text.clear();
   } else {
-    d.filter = d.Parse(criteria);
+    d.filter = d.layout->ParsedFilter(criteria, [&d](std::string_view text) { return d.Parse(text); });
     d.filter_text = std::string(criteria);
   }
   d.ApplyFilter();
@@ -469,10 +479,10 @@ void Recordset::Find(std::string_view criteria) {
   d.RequireOpen();
   d.FlushPending();
   d.EnsureFetched();
-  FilterNode node = d.Parse(criteria);
+  auto node = d.layout->ParsedFilter(criteria, [&d](std::string_view text) { return d.Parse(text); });
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.view.size()); ++i) {
-    if (detail::Evaluate(node, &d.cells[static_cast<std::size_t>(d.view[i]) * d.Width()])) {
+    if (detail::Evaluate(*node, &d.cells[static_cast<std::size_t>(d.view[i]) * d.Width()])) {
       d.pos = i;
       return;
     }
@@ -486,7 +496,8 @@ void Recordset::Requery() {
   d.FlushPending();
   d.inserted.reset();
   d.Load(d.backend->Query(d.sql));
-  if (d.filter) d.filter = d.Parse(d.filter_text);
+  if (d.filter)
+    d.filter = d.layout->ParsedFilter(d.filter_text, [&d](std::string_view text) { return d.Parse(text); });
   d.ApplyFilter();
 }
 

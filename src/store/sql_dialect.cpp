@@ -174,7 +174,81 @@ class CaseCalls {
   std::vector<int> calls_;  // depths of the open calls
 };
 
+// The value of a 'text' literal: between the quotes, a doubled quote standing for
+// one; Jet also reads "text" as a literal.
+std::string StringValue(std::string_view quoted) {
+  char quote = quoted.front();
+  std::string value;
+  for (std::size_t k = 1; k + 1 < quoted.size(); ++k) {
+    if (quoted[k] == quote && quoted[k + 1] == quote) ++k;
+    value += quoted[k];
+  }
+  return value;
+}
+
+double DateValue(std::string_view inner, std::string_view sql) {
+  double day_count = 0;
+  if (!ParseDateLiteral(inner, day_count)) Refuse(sql, "malformed date literal #" + std::string(inner) + "#");
+  return day_count;
+}
+
+Variant NumberValue(std::string_view text) {
+  double number = 0;
+  ParseNumber(text, number);
+  bool whole = text.find_first_of(".eE") == std::string_view::npos && number < 9e18;
+  return whole ? Variant(static_cast<std::int64_t>(number)) : Variant(number);
+}
+
+bool WordIs(std::string_view word, std::string_view upper) {
+  if (word.size() != upper.size()) return false;
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if (std::toupper(static_cast<unsigned char>(word[i])) != upper[i]) return false;
+  return true;
+}
+
 }  // namespace
+
+SqlShape ShapeOf(std::string_view jet_sql) {
+  SqlShape shape;
+  shape.key.reserve(jet_sql.size());
+  std::size_t copied = 0;  // jet_sql up to here is in the key
+  // A bound literal's place in the text becomes \x01 in the key; its value a parameter.
+  auto take = [&](std::string_view span, Variant value) {
+    std::size_t at = static_cast<std::size_t>(span.data() - jet_sql.data());
+    shape.key.append(jet_sql.substr(copied, at - copied));
+    shape.key += '\x01';
+    copied = at + span.size();
+    shape.params.push_back(std::move(value));
+  };
+  bool bind = false;  // the same places as the translation binds: conditions only
+  for (const Token& token : Tokenize(jet_sql)) {
+    switch (token.type) {
+      case Tok::Word:
+        if (WordIs(token.text, "WHERE") || WordIs(token.text, "ON") || WordIs(token.text, "HAVING")) bind = true;
+        if (WordIs(token.text, "ORDER") || WordIs(token.text, "GROUP") || WordIs(token.text, "LIMIT")) bind = false;
+        if (bind && WordIs(token.text, "FALSE")) take(token.text, Variant(static_cast<std::int64_t>(0)));
+        if (bind && WordIs(token.text, "TRUE")) take(token.text, Variant(static_cast<std::int64_t>(-1)));
+        break;
+      case Tok::String:
+        if (bind) take(token.text, Variant(StringValue(token.text)));
+        break;
+      case Tok::Guid:
+        if (bind) take(token.text, Variant(NormalizeGuid(token.text)));
+        break;
+      case Tok::DateLit:
+        if (bind)
+          take(std::string_view(token.text.data() - 1, token.text.size() + 2), Variant(DateValue(token.text, jet_sql)));
+        break;
+      case Tok::Number:
+        if (bind) take(token.text, NumberValue(token.text));
+        break;
+      default:
+        break;
+    }
+  }
+  shape.key.append(jet_sql.substr(copied));
+  return shape;
+}
 
 std::string QuoteIdentifier(std::string_view name) {
   std::string out = "\"";
@@ -302,14 +376,7 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         break;
       }
       case Tok::String: {
-        // The value between the quotes, a doubled quote standing for one; Jet
-        // also reads "text" as a literal.
-        char quote = token.text.front();
-        std::string value;
-        for (std::size_t k = 1; k + 1 < token.text.size(); ++k) {
-          if (token.text[k] == quote && token.text[k + 1] == quote) ++k;
-          value += token.text[k];
-        }
+        std::string value = StringValue(token.text);
         std::string text = "'";
         for (char c : value) text += c == '\'' ? std::string("''") : std::string(1, c);
         literal(Variant(value), text + "'");
@@ -321,19 +388,13 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         break;
       }
       case Tok::DateLit: {
-        double day_count = 0;
-        if (!ParseDateLiteral(token.text, day_count))
-          Refuse(jet_sql, "malformed date literal #" + std::string(token.text) + "#");
+        double day_count = DateValue(token.text, jet_sql);
         literal(Variant(day_count), FormatNumber(day_count));
         break;
       }
-      case Tok::Number: {
-        double number = 0;
-        ParseNumber(token.text, number);
-        bool whole = token.text.find_first_of(".eE") == std::string_view::npos && number < 9e18;
-        literal(whole ? Variant(static_cast<std::int64_t>(number)) : Variant(number), std::string(token.text));
+      case Tok::Number:
+        literal(NumberValue(token.text), std::string(token.text));
         break;
-      }
       case Tok::Star:
         // "DELETE * FROM" is Jet's; the star goes.
         if (previous && previous->type == Tok::Word && AsciiUpper(previous->text) == "DELETE") break;

@@ -22,6 +22,15 @@ struct TranslatedSql {
   bool is_select = false;
 };
 
+// The shape of a statement: its text with the literals that the translation binds
+// as parameters each replaced by \x01, and their values in order. Statements of
+// one shape translate to one text and differ only in their parameters.
+struct SqlShape {
+  std::string key;
+  std::vector<Variant> params;
+};
+SqlShape ShapeOf(std::string_view jet_sql);
+
 // Throws StoreError (naming the SQL) for text outside the dialect: an unterminated
 // literal or bracket, a comment, a second statement.
 TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect);

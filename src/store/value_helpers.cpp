@@ -21,6 +21,7 @@ constexpr const char* kNoMatchID = "{00000000-0000-0000-0000-000000000000}";
 // The number a value stands for, 0 for Null/Empty/blank text; a text that is no
 // number is a ConversionError naming the wanted type.
 double NumberOf(const Variant& value, const char* wanted) {
+  if (value.kind() == Variant::Double) return value.AsDouble();  // the usual case, first
   if (value.IsMissing()) return 0;
   if (value.IsText() && TrimBlanks(value.AsText()).empty()) return 0;
   double number = 0;

@@ -115,6 +115,7 @@ TEST_F(LohnartenTest, ALoadFillsTheMonthsOfTheYearAndLeavesLinesWithoutARowAlone
   AddLine(202402, 7, 3, {{"Bezeichnung", "Vorschuss"}, {"Betrag", 200}});
   AddLine(202412, 8, 5, {{"Bezeichnung", "Kilometergeld"}, {"Anzahl", 120}, {"Satz", 0.5}});
   AddLine(202502, 1, 1, {{"Bezeichnung", "nächstes Jahr"}});
+  AddLine(202402, 9, 2, {{"Bezeichnung", "keine Gruppe"}});  // no group: passed over
   auto lohn = std::make_shared<LLohn>();
   lohn->ZSL_Text(1, 2, 2) = "im Speicher";
   lohn->LoadMitarbeiter(*manager, id, 1);

@@ -179,3 +179,44 @@ TEST_F(DialectTest, DateLiteralsAndSqlDateCompareWithDateColumns) {
 }
 
 }  // namespace
+
+namespace {
+
+// Statements that differ only in the literals of their conditions share one
+// prepared translation; each must still find its own rows, whatever the kind of
+// literal, and literals outside the conditions must not be shared.
+TEST_F(DialectTest, StatementsOfOneShapeEachFindTheirOwnRows) {
+  std::string a = Insert(db, "Mitarbeiter_Lohnarten", {{"Bezeichnung", "Alpha"}, {"SortNr", 1}});
+  std::string b = Insert(db, "Mitarbeiter_Lohnarten", {{"Bezeichnung", "Beta"}, {"SortNr", 2}});
+  auto name_of = [&](const std::string& sql) {
+    auto rs = db->Session().OpenRecordset(sql);
+    return rs->Eof() ? std::string("-") : ToText(rs->Fields(0));
+  };
+  for (int round = 0; round < 2; ++round) {  // the second round runs from the cache
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [ID]=" + SqlID(a)), "Alpha");
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [ID]=" + SqlID(b)), "Beta");
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [SortNr]=2"), "Beta");
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [SortNr]='1'"), "Alpha");
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [SortNr]=2.5"), "-");
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [Bezeichnung]='al''pha' OR [SortNr]=1"), "Alpha");
+    // A literal of the select list is part of the statement's text, not a parameter.
+    EXPECT_EQ(name_of("SELECT 'x' AS [v] FROM [Mitarbeiter_Lohnarten] WHERE [SortNr]=1"), "x");
+    EXPECT_EQ(name_of("SELECT 'y' AS [v] FROM [Mitarbeiter_Lohnarten] WHERE [SortNr]=1"), "y");
+    // A text holding the marker the shapes use is still its own statement.
+    EXPECT_EQ(name_of("SELECT [Bezeichnung] FROM [Mitarbeiter_Lohnarten] WHERE [Bezeichnung]='\x01'"), "-");
+  }
+}
+
+TEST_F(DialectTest, AFilterTextIsParsedOnceAndStillFailsForAnUnknownField) {
+  Insert(db, "Mitarbeiter_Lohnarten", {{"Bezeichnung", "Alpha"}, {"SortNr", 1}});
+  Insert(db, "Mitarbeiter_Lohnarten", {{"Bezeichnung", "Beta"}, {"SortNr", 2}});
+  for (int round = 0; round < 2; ++round) {
+    auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Lohnarten] ORDER BY [SortNr]");
+    rs->Filter("[SortNr]=2");
+    ASSERT_EQ(rs->RecordCount(), 1);
+    EXPECT_EQ(ToText(rs->Fields("Bezeichnung")), "Beta");
+    EXPECT_THROW(rs->Filter("[Unbekannt]=2"), StoreError);
+  }
+}
+
+}  // namespace

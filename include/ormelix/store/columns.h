@@ -64,8 +64,10 @@ struct Overloaded : F... {
 template <class... F>
 Overloaded(F...) -> Overloaded<F...>;
 
-// Reads a field into a property; writes a property as a column value.
+// Reads a field (or a stored value, Empty for no row) into a property; writes a
+// property as a column value.
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
+void LoadProperty(const Variant& value, LoadAs how, PropertyRef into);
 Variant SaveProperty(PropertyRef from, SaveAs how);
 
 // The name of a member (data or function) or of an enumerator given as a template
@@ -225,16 +227,31 @@ class ColumnSet {
     return bound;
   }
 
-  // Reads every column that is read, in order, from the current row.
+  // Reads every column that is read, in order, from the current row. The row is
+  // looked up once, not once per column: a pay row has some two hundred.
   void Load(Target& target, const Recordset& recordset, const std::vector<int>& bound) const {
+    static const Variant kNoRow;
+    const Variant* row = recordset.CurrentRow();
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const Decl& decl = columns_[i];
       if (bound[i] < 0) continue;
       if (decl.load == LoadAs::Custom) decl.load_with(target, recordset.Fields(bound[i]));
-      else LoadProperty(recordset.Fields(bound[i]), decl.load, decl.property(target));
+      else LoadProperty(row ? row[bound[i]] : kNoRow, decl.load, decl.property(target));
     }
   }
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
+
+  // The same from a row's cells as Recordset::CurrentRow gives them, for a routine
+  // that sorts rows first and reads them later. An entry of its own conversion
+  // needs the recordset and is refused here.
+  void Load(Target& target, const Variant* row, const std::vector<int>& bound) const {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const Decl& decl = columns_[i];
+      if (bound[i] < 0) continue;
+      // (LoadProperty refuses LoadAs::Custom with a ConversionError.)
+      LoadProperty(row[bound[i]], decl.load, decl.load == LoadAs::Custom ? PropertyRef{} : decl.property(target));
+    }
+  }
 
   // The first column that would be written with a number that is no number (NaN)
   // or infinite, or nullptr when there is none. A save checks its row with it

@@ -108,8 +108,12 @@ class Recordset {
   bool IsOpen() const;
   const std::string& Sql() const;
 
-  // Library-internal: the value of a column of the current row, or Empty at no row.
+  // Library-internal: the value of a column of the current row, or nullptr at no row.
   const Variant* CurrentCell(int column) const;
+  // Library-internal: the cells of the current row (the row being edited while
+  // AddNew or a change is pending), one per field, or nullptr at no row. Valid
+  // until the recordset moves or changes.
+  const Variant* CurrentRow() const;
 
  private:
   struct Impl;
