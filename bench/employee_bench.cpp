@@ -2,18 +2,20 @@
 // same reads, in one run: 1,000 and 10,000 employees of one employer, each with 12
 // pay rows of the year, 3 career steps, 2 children with 3 entitlement rows each, a
 // bank row, the year data and the 40 wage-type rows (8 groups of 5 lines) of one
-// month; a reference store beside it holds the catalogue of exit reasons.
+// month; every tenth employee has a short-time row on March and two replacement
+// benefits on December; a reference store beside it holds the catalogue of exit
+// reasons.
 //
 // The raw loader runs the statements the library runs (the employer's employees,
 // all career steps, the replacement benefits of the year; then per employee its
 // career steps with their exit reasons looked up in the catalogue, which it reads
 // per employee as the library does, its children and per child their entitlement
-// rows, its master row, its bank row, its wage-type rows, its pay rows, its
+// rows, its master row, its bank row, its wage-type rows, its pay rows with the
+// replacement benefits (in period order) and the short-time row of each, its
 // transfers and its year data), prepared once with sqlite3
 // and bound per employee, and keeps every column of those rows in plain structs. It
 // filters the year with hash maps of its own. When later work adds tables to the
-// employee load (password, replacement benefits, short-time), the raw loader must
-// read them too.
+// employee load (password), the raw loader must read them too.
 //
 // At the end the run prints the ratios: library / raw, 10,000 / 1,000, the first
 // load of a fresh session for both, and the heap bytes held per loaded LLohn
@@ -31,6 +33,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "raw_sqlite.h"
 #include "ormelix/store/sqlite_text.h"
 #include "ormelix/employee/mitarbeiter_list.h"
 #include "ormelix/employer/mandant.h"
@@ -47,71 +50,10 @@ constexpr int kYear = 2024;
 
 // ---------------------------------------------------------------- the data
 
-struct Column {
-  std::string name;
-  bool text;
-};
-
-std::vector<Column> Columns(sqlite3* db, const std::string& table) {
-  std::vector<Column> columns;
-  sqlite3_stmt* stmt = nullptr;
-  sqlite3_prepare_v2(db, ("PRAGMA table_info(\"" + table + "\")").c_str(), -1, &stmt, nullptr);
-  while (sqlite3_step(stmt) == SQLITE_ROW) {
-    std::string name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1));
-    std::string type = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2));
-    columns.push_back({name, type == "TEXT"});
-  }
-  sqlite3_finalize(stmt);
-  return columns;
-}
-
-// Inserts rows into a table, setting every column but Nr: the given values by name,
-// a fresh ID where none is given, every other column a value made from the row
-// number.
-class Inserter {
- public:
-  Inserter(sqlite3* db, const std::string& table) : columns_(Columns(db, table)) {
-    std::string names, marks;
-    for (const Column& column : columns_) {
-      if (column.name == "Nr") continue;
-      names += (names.empty() ? "\"" : ",\"") + column.name + "\"";
-      marks += marks.empty() ? "?" : ",?";
-      used_.push_back(column);
-    }
-    sqlite3_prepare_v2(db, ("INSERT INTO \"" + table + "\" (" + names + ") VALUES (" + marks + ")").c_str(), -1,
-                       &stmt_, nullptr);
-  }
-  ~Inserter() { sqlite3_finalize(stmt_); }
-
-  void Insert(int row, const std::map<std::string, Variant>& given) {
-    for (std::size_t i = 0; i < used_.size(); ++i) {
-      int slot = static_cast<int>(i) + 1;
-      auto found = given.find(used_[i].name);
-      if (found == given.end() && used_[i].name == "ID") {
-        sqlite3_bind_text(stmt_, slot, ValueHelpers::NewID().c_str(), -1, SQLITE_TRANSIENT);
-      } else if (found != given.end() && found->second.IsNull()) {
-        sqlite3_bind_null(stmt_, slot);
-      } else if (found != given.end() && found->second.IsText()) {
-        sqlite3_bind_text(stmt_, slot, found->second.AsText().c_str(), -1, SQLITE_TRANSIENT);
-      } else if (found != given.end()) {
-        double number = 0;
-        found->second.TryNumber(number);
-        sqlite3_bind_double(stmt_, slot, number);
-      } else if (used_[i].text) {
-        sqlite3_bind_text(stmt_, slot, ("Text " + std::to_string(row % 97)).c_str(), -1, SQLITE_TRANSIENT);
-      } else {
-        sqlite3_bind_double(stmt_, slot, (row % 7 == 0) ? -1 : (row % 1000) * 0.25 + static_cast<double>(i % 5));
-      }
-    }
-    sqlite3_step(stmt_);
-    sqlite3_reset(stmt_);
-  }
-
- private:
-  std::vector<Column> columns_;
-  std::vector<Column> used_;
-  sqlite3_stmt* stmt_ = nullptr;
-};
+using bench::Inserter;
+using bench::RawRow;
+using bench::ReadRow;
+using bench::Statement;
 
 struct Store {
   std::string path;
@@ -156,7 +98,8 @@ Store MakeStore(int employees) {
   {
     Inserter master(db, "Mitarbeiter"), bank(db, "Mitarbeiter_Bankverbindung"), career(db, "Mitarbeiter_Laufbahn"),
         pay(db, "Mitarbeiter_Lohnzettel"), lines(db, "Mitarbeiter_Lohnarten"), year(db, "Mitarbeiter_Jahresdaten"),
-        children(db, "Mitarbeiter_Kinder"), entries(db, "Mitarbeiter_Kinder_ZB");
+        children(db, "Mitarbeiter_Kinder"), entries(db, "Mitarbeiter_Kinder_ZB"),
+        shorttime(db, "Mitarbeiter_Lohnzettel_Kurzarbeit"), benefits(db, "Mitarbeiter_Lohnzettel_EL");
     for (int e = 0; e < employees; ++e) {
       std::string id = ValueHelpers::NewID();
       master.Insert(e, {{"ID", Variant(id)}, {"MandantenID", Variant(store.employer)}, {"Personalnummer", e % 30000},
@@ -179,9 +122,16 @@ Store MakeStore(int employees) {
           entries.Insert(e * 6 + c * 3 + r, {{"KID", Variant(kid)}, {"Zeitraum", periods[r]}, {"KFZ", Variant("A")},
                                              {"FB_Bezieher", 1 + (e + r) % 3}, {"FABO", 1 + r % 2}, {"AVAB", -1}});
       }
-      for (int month = 1; month <= 12; ++month)
-        pay.Insert(e * 12 + month, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + month},
-                                    {"FB_Tage", Variant("0315")}});
+      for (int month = 1; month <= 12; ++month) {
+        const std::string row = ValueHelpers::NewID();
+        pay.Insert(e * 12 + month, {{"ID", Variant(row)}, {"MitarbeiterID", Variant(id)},
+                                    {"Zeitraum", kYear * 100 + month}, {"FB_Tage", Variant("0315")}});
+        if (e % 10 != 0) continue;
+        if (month == 3) shorttime.Insert(e, {{"LohnzettelID", Variant(row)}});
+        if (month == 12)  // the later period first: the loads put them in order
+          for (int period : {(kYear + 1) * 100 + 1, kYear * 100 + 12})
+            benefits.Insert(e + period, {{"LohnzettelID", Variant(row)}, {"Zeitraum", period}});
+      }
       for (int group = 1; group <= 8; ++group)
         for (int line = 1; line <= 5; ++line)
           lines.Insert(e * 40 + group * 5 + line, {{"MitarbeiterID", Variant(id)}, {"Zeitraum", kYear * 100 + 3},
@@ -242,11 +192,6 @@ BENCHMARK(Ormelix_MitarbeiterLoad)->Arg(10000)->Iterations(3)->Unit(benchmark::k
 
 // ---------------------------------------------------------------- the raw loader
 
-struct RawRow {
-  std::vector<double> numbers;
-  std::vector<std::string> texts;
-};
-
 struct RawReason {
   double code = 0;
   std::string kuerzel;
@@ -278,34 +223,10 @@ struct RawEmployee {
   std::vector<RawRow> lines;  // the wage-type rows of the year
   std::vector<RawRow> months = std::vector<RawRow>(13);
   std::vector<RawRow> transfers = std::vector<RawRow>(13);
+  std::vector<std::vector<RawRow>> benefits = std::vector<std::vector<RawRow>>(13);  // of each pay row
+  std::vector<RawRow> shorttime = std::vector<RawRow>(13);
   RawRow year;
 };
-
-class Statement {
- public:
-  Statement(sqlite3* db, const char* sql) { sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr); }
-  ~Statement() { sqlite3_finalize(stmt_); }
-  sqlite3_stmt* get() const { return stmt_; }
-  void Bind(const std::string& text) {
-    sqlite3_reset(stmt_);
-    sqlite3_bind_text(stmt_, 1, text.c_str(), static_cast<int>(text.size()), SQLITE_STATIC);
-  }
-
- private:
-  sqlite3_stmt* stmt_ = nullptr;
-};
-
-// Every column of the current row: texts as strings, everything else as a number.
-void ReadRow(sqlite3_stmt* stmt, RawRow& row) {
-  row.numbers.clear();
-  row.texts.clear();
-  for (int i = 0; i < sqlite3_column_count(stmt); ++i) {
-    if (sqlite3_column_type(stmt, i) == SQLITE_TEXT)
-      row.texts.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)));
-    else
-      row.numbers.push_back(sqlite3_column_double(stmt, i));
-  }
-}
 
 struct Step {
   int schritt;
@@ -369,6 +290,9 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::str
   Statement bank(db, "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=?");
   Statement lines(db, "SELECT * FROM \"Mitarbeiter_Lohnarten\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\", \"SortNr\"");
   Statement pay(db, "SELECT * FROM \"Mitarbeiter_Lohnzettel\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\" ASC");
+  Statement benefits(
+      db, "SELECT * FROM \"Mitarbeiter_Lohnzettel_EL\" WHERE \"LohnzettelID\"=? ORDER BY \"Zeitraum\" ASC");
+  Statement shorttime(db, "SELECT * FROM \"Mitarbeiter_Lohnzettel_Kurzarbeit\" WHERE \"LohnzettelID\"=?");
   Statement transfers(db, "SELECT * FROM \"Mitarbeiter_Übertritte\" WHERE \"MitarbeiterID\"=? ORDER BY \"Zeitraum\" ASC");
   Statement year(db, "SELECT * FROM \"Mitarbeiter_Jahresdaten\" WHERE \"MitarbeiterID\"=? AND \"Jahr\"=?");
 
@@ -418,8 +342,15 @@ std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const std::str
     pay.Bind(id);
     while (sqlite3_step(pay.get()) == SQLITE_ROW) {
       int zeitraum = sqlite3_column_int(pay.get(), 3);
-      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
-        ReadRow(pay.get(), employee.months[static_cast<std::size_t>(zeitraum % 100)]);
+      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12) {
+        const auto month = static_cast<std::size_t>(zeitraum % 100);
+        ReadRow(pay.get(), employee.months[month]);
+        const std::string row = reinterpret_cast<const char*>(sqlite3_column_text(pay.get(), 1));
+        benefits.Bind(row);
+        while (sqlite3_step(benefits.get()) == SQLITE_ROW) ReadRow(benefits.get(), employee.benefits[month].emplace_back());
+        shorttime.Bind(row);
+        if (sqlite3_step(shorttime.get()) == SQLITE_ROW) ReadRow(shorttime.get(), employee.shorttime[month]);
+      }
     }
     transfers.Bind(id);
     while (sqlite3_step(transfers.get()) == SQLITE_ROW) {

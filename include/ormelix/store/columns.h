@@ -218,12 +218,24 @@ class ColumnSet {
 
   const std::vector<Decl>& Columns() const { return columns_; }
 
-  // Column indices of the recordset, for repeated loads from one recordset.
+  // Column indices of the recordset, for repeated loads from one recordset. A
+  // SELECT * gives the table's columns in the order the declaration has them, so
+  // each column is first looked for right after the one before, by its exact
+  // name, and only where it is not there by a lookup of the name.
   std::vector<int> Bind(const Recordset& recordset) const {
     std::vector<int> bound;
     bound.reserve(columns_.size());
-    for (const Decl& decl : columns_)
-      bound.push_back(decl.column && decl.load != LoadAs::None ? recordset.FieldIndex(decl.column) : -1);
+    const int count = recordset.FieldCount();
+    int next = -1;
+    for (const Decl& decl : columns_) {
+      if (!decl.column || decl.load == LoadAs::None) {
+        bound.push_back(-1);
+        continue;
+      }
+      const bool in_order = next >= 0 && next < count && recordset.FieldName(next) == decl.column;
+      bound.push_back(in_order ? next : recordset.FieldIndex(decl.column));
+      next = bound.back() + 1;
+    }
     return bound;
   }
 
