@@ -5,7 +5,8 @@
 // periods (120,000 rows), so that a load that read the whole table per employee
 // would show at once.
 //
-// At the end the run prints the ratio library / raw of the best repetition.
+// At the end the run prints the ratio library / raw of the best repetition, by
+// wall-clock and by CPU time; the repetitions of the two take turns.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -85,7 +86,7 @@ void Ormelix_SachbezuegeLoad(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * kEmployees);
 }
-BENCHMARK(Ormelix_SachbezuegeLoad)->Iterations(5)->Repetitions(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(Ormelix_SachbezuegeLoad)->Iterations(3)->Repetitions(6)->Unit(benchmark::kMillisecond);
 
 void Raw_SachbezuegeLoad(benchmark::State& state) {
   const Store& store = Data();
@@ -111,7 +112,7 @@ void Raw_SachbezuegeLoad(benchmark::State& state) {
   sqlite3_close(db);
   state.SetItemsProcessed(state.iterations() * kEmployees);
 }
-BENCHMARK(Raw_SachbezuegeLoad)->Iterations(5)->Repetitions(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(Raw_SachbezuegeLoad)->Iterations(3)->Repetitions(6)->Unit(benchmark::kMillisecond);
 
 // Keeps the fastest repetition of each (the machine is shared, and the minimum is
 // the figure least disturbed by other work) and prints the ratio.
@@ -120,30 +121,45 @@ class SummaryReporter : public benchmark::ConsoleReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
-      const double seconds = run.GetAdjustedRealTime();
-      const std::string& name = run.run_name.function_name;
-      if (!best_.count(name) || seconds < best_[name]) best_[name] = seconds;
+      Keep(wall_, run.run_name.function_name, run.GetAdjustedRealTime());
+      Keep(cpu_, run.run_name.function_name, run.GetAdjustedCPUTime());
     }
     ConsoleReporter::ReportRuns(runs);
   }
   void Finalize() override {
     ConsoleReporter::Finalize();
-    const double lib = best_.count("Ormelix_SachbezuegeLoad") ? best_["Ormelix_SachbezuegeLoad"] : 0;
-    const double raw = best_.count("Raw_SachbezuegeLoad") ? best_["Raw_SachbezuegeLoad"] : 0;
-    if (lib > 0 && raw > 0)
-      std::printf(
-          "%d employees, benefits in kind of one period (best repetition): library %.1f ms, raw %.1f ms, "
-          "library / raw = %.2f (target <= 1.5)\n",
-          kEmployees, lib, raw, lib / raw);
+    Print("wall", wall_);
+    Print("CPU", cpu_);
   }
 
  private:
-  std::map<std::string, double> best_;
+  static void Keep(std::map<std::string, double>& best, const std::string& name, double value) {
+    if (!best.count(name) || value < best[name]) best[name] = value;
+  }
+  static void Print(const char* clock, std::map<std::string, double>& best) {
+    const double lib = best["Ormelix_SachbezuegeLoad"];
+    const double raw = best["Raw_SachbezuegeLoad"];
+    if (lib > 0 && raw > 0)
+      std::printf(
+          "%d employees, benefits in kind of one period (best repetition, %s time): library %.1f ms, raw %.1f ms, "
+          "library / raw = %.2f (target <= 1.5)\n",
+          kEmployees, clock, lib, raw, lib / raw);
+  }
+
+  std::map<std::string, double> wall_;
+  std::map<std::string, double> cpu_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  // The repetitions of both loaders take turns, so that the work of other programs
+  // on a shared machine falls on both alike.
+  std::vector<char*> args(argv, argv + argc);
+  std::string interleave = "--benchmark_enable_random_interleaving=true";
+  args.insert(args.begin() + 1, interleave.data());
+  argc = static_cast<int>(args.size());
+  argv = args.data();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   SummaryReporter reporter;
