@@ -31,7 +31,7 @@ Date CheckedDate(Date date, const char* property) {
 
 int DayOf(Date date, const char* property) { return DateHelpers::Day(CheckedDate(date, property)); }
 
-// pValue / pDays held to 14 decimals, times pFactor rounded to 2: the order every
+// value / days held to 14 decimals, times factor rounded to 2: the order every
 // aliquot figure keeps.
 double Aliquot(double value, double days, double factor) {
   return MultiplyExact(DivideExact(value, days, 14), Variant(factor), 2);

@@ -2,53 +2,25 @@
 // through the walk and through ormelix show month.
 #include <gtest/gtest.h>
 
+#include "support/demo_store.h"
 #include "support/json_reader.h"
 #include "support/run_tool.h"
-#include "support/test_store.h"
 
 using namespace ormelix;
 using test::JsonValue;
-using test::RunTool;
 
 namespace {
 
-class DemoBenefitsTest : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    dir_ = new test::TempDir();
-    demo_ = new test::ToolRun(RunTool({"demo", "store"}, dir_->Path().string()));
-  }
-  static void TearDownTestSuite() {
-    delete demo_;
-    delete dir_;
-  }
-  static test::ToolRun Month(const std::string& employee, const std::string& period, bool json) {
-    std::vector<std::string> args = {
-        "show", "--store", (dir_->Path() / "store").string(), "month", "--employee", employee, "--period", period};
-    if (json) args.push_back("--json");
-    auto run = RunTool(args);
-    EXPECT_EQ(run.status, 0) << run.err;
-    return run;
-  }
-  static JsonValue MonthJson(const std::string& employee, const std::string& period) {
-    return JsonValue::Parse(Month(employee, period, true).out);
-  }
-
-  static test::TempDir* dir_;
-  static test::ToolRun* demo_;
-};
-
-test::TempDir* DemoBenefitsTest::dir_ = nullptr;
-test::ToolRun* DemoBenefitsTest::demo_ = nullptr;
+class DemoBenefitsTest : public test::DemoStoreTest {};
 
 TEST_F(DemoBenefitsTest, TheWalkShowsTheShortTimeFiguresOfItsMonth) {
-  ASSERT_EQ(demo_->status, 0) << demo_->err;
+  ASSERT_EQ(Demo().status, 0) << Demo().err;
   for (const char* line : {"Kurzarbeit(3) of 1002 Markus Berger: 2025-03-17 to 2025-03-31",
                            "ErmittleMaxTage 31, ErmittleMaxTageSVKurzareit 15, ErmittleMaxTageSVOhneKurzareit 16",
                            "Referenzentgelt 2240.00 x Bruttoersatzrate 87.50 % = MindestentgeltBrutto 1960.00",
                            "MindestentgeltBruttoAliquot 948.39 (Gehalt 567.00)", "SVBGAliquot 1083.87",
                            "Bundesland index 8; Sachbezug(3) 1050.85"})
-    EXPECT_NE(demo_->out.find(line), std::string::npos) << line << "\n" << demo_->out;
+    EXPECT_NE(Demo().out.find(line), std::string::npos) << line << "\n" << Demo().out;
 }
 
 TEST_F(DemoBenefitsTest, TheShortTimeMonthWithItsStoredAndComputedFigures) {

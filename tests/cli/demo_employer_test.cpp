@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "support/demo_store.h"
 #include "support/json_reader.h"
 #include "support/run_tool.h"
 #include "support/test_store.h"
@@ -15,37 +16,14 @@ using test::RunTool;
 
 namespace {
 
-class DemoEmployerTest : public ::testing::Test {
+class DemoEmployerTest : public test::DemoStoreTest {
  protected:
-  static void SetUpTestSuite() {
-    dir_ = new test::TempDir();
-    demo_ = new test::ToolRun(RunTool({"demo", "store"}, dir_->Path().string()));
-  }
-  static void TearDownTestSuite() {
-    delete demo_;
-    delete dir_;
-  }
-  static std::string Store() { return (dir_->Path() / "store").string(); }
-  static test::ToolRun Run(std::vector<std::string> args) {
-    args.insert(args.begin(), {"show", "--store", Store()});
-    return RunTool(args);
-  }
-  static JsonValue Show(std::vector<std::string> args) {
-    args.push_back("--json");
-    auto run = Run(args);
-    EXPECT_EQ(run.status, 0) << run.err;
-    return JsonValue::ParseUnique(run.out);
-  }
-
-  static test::TempDir* dir_;
-  static test::ToolRun* demo_;
+  static test::ToolRun Run(std::vector<std::string> args) { return DemoStoreTest::Show(std::move(args)); }
+  static JsonValue Show(std::vector<std::string> args) { return ShowJson(std::move(args)); }
 };
 
-test::TempDir* DemoEmployerTest::dir_ = nullptr;
-test::ToolRun* DemoEmployerTest::demo_ = nullptr;
-
 TEST_F(DemoEmployerTest, TheEmployerShowsEverySideRecord) {
-  ASSERT_EQ(demo_->status, 0) << demo_->err;
+  ASSERT_EQ(Demo().status, 0) << Demo().err;
   JsonValue employers = Show({"employers"});
   ASSERT_EQ(employers["employers"].Size(), 1u);
   const JsonValue& e = employers["employers"][0];
@@ -130,7 +108,7 @@ TEST_F(DemoEmployerTest, BadCountryInputGivesOneLineAndStatusTwo) {
     EXPECT_NE(run.err.find(expected), std::string::npos) << run.err;
   }
   test::TempDir alone;
-  std::filesystem::copy_file(dir_->Path() / "store" / "payroll.db", alone.Path() / "payroll.db");
+  std::filesystem::copy_file(DemoDir() / "store" / "payroll.db", alone.Path() / "payroll.db");
   auto run = RunTool({"show", "--store", alone.Path().string(), "countries", "--period", "202001"});
   EXPECT_EQ(run.status, 2);
   EXPECT_NE(run.err.find("no reference store"), std::string::npos) << run.err;

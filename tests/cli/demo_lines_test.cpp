@@ -2,51 +2,23 @@
 // through ormelix show month.
 #include <gtest/gtest.h>
 
+#include "support/demo_store.h"
 #include "support/json_reader.h"
 #include "support/run_tool.h"
-#include "support/test_store.h"
 
 using namespace ormelix;
 using test::JsonValue;
-using test::RunTool;
 
 namespace {
 
-class DemoLinesTest : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    dir_ = new test::TempDir();
-    demo_ = new test::ToolRun(RunTool({"demo", "store"}, dir_->Path().string()));
-  }
-  static void TearDownTestSuite() {
-    delete demo_;
-    delete dir_;
-  }
-  static test::ToolRun Month(const std::string& employee, const std::string& period, bool json) {
-    std::vector<std::string> args = {"show", "--store", (dir_->Path() / "store").string(), "month",
-                                     "--employee", employee, "--period", period};
-    if (json) args.push_back("--json");
-    auto run = RunTool(args);
-    EXPECT_EQ(run.status, 0) << run.err;
-    return run;
-  }
-  static JsonValue MonthJson(const std::string& employee, const std::string& period) {
-    return JsonValue::Parse(Month(employee, period, true).out);
-  }
-
-  static test::TempDir* dir_;
-  static test::ToolRun* demo_;
-};
-
-test::TempDir* DemoLinesTest::dir_ = nullptr;
-test::ToolRun* DemoLinesTest::demo_ = nullptr;
+class DemoLinesTest : public test::DemoStoreTest {};
 
 TEST_F(DemoLinesTest, TheWalkShowsTheMarkedPartOfItsMonth) {
-  ASSERT_EQ(demo_->status, 0) << demo_->err;
-  EXPECT_NE(demo_->out.find("GetDBDZKST_frei(3) = 200.00 of LFD_Bezuege 3831.12"), std::string::npos) << demo_->out;
-  EXPECT_NE(demo_->out.find("\"Überstunden 50 %\" 8.00 x 35.14 = 281.12"), std::string::npos);
-  EXPECT_NE(demo_->out.find("Jahresdaten 2025: DZBundesland 9"), std::string::npos);
-  EXPECT_NE(demo_->out.find("as stored"), std::string::npos);
+  ASSERT_EQ(Demo().status, 0) << Demo().err;
+  EXPECT_NE(Demo().out.find("GetDBDZKST_frei(3) = 200.00 of LFD_Bezuege 3831.12"), std::string::npos) << Demo().out;
+  EXPECT_NE(Demo().out.find("\"Überstunden 50 %\" 8.00 x 35.14 = 281.12"), std::string::npos);
+  EXPECT_NE(Demo().out.find("Jahresdaten 2025: DZBundesland 9"), std::string::npos);
+  EXPECT_NE(Demo().out.find("as stored"), std::string::npos);
 }
 
 TEST_F(DemoLinesTest, TheLinesOfAMonthEachWithItsGroupAndTheColumnsOfItsGroupOnce) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "support/demo_store.h"
 #include "support/json_reader.h"
 #include "support/run_tool.h"
 #include "support/test_store.h"
@@ -14,44 +15,23 @@ using test::RunTool;
 
 namespace {
 
-class DemoTest : public ::testing::Test {
+class DemoTest : public test::DemoStoreTest {
  protected:
-  static void SetUpTestSuite() {
-    dir_ = new test::TempDir();
-    demo_ = new test::ToolRun(RunTool({"demo", "store"}, dir_->Path().string()));
-  }
-  static void TearDownTestSuite() {
-    delete demo_;
-    delete dir_;
-  }
-  static std::string Store() { return (dir_->Path() / "store").string(); }
-  static JsonValue Show(std::vector<std::string> args) {
-    args.insert(args.begin(), {"show", "--store", Store()});
-    args.push_back("--json");
-    auto run = RunTool(args);
-    EXPECT_EQ(run.status, 0) << run.err;
-    return JsonValue::Parse(run.out);
-  }
-
-  static test::TempDir* dir_;
-  static test::ToolRun* demo_;
+  static JsonValue Show(std::vector<std::string> args) { return ShowJson(std::move(args)); }
 };
 
-test::TempDir* DemoTest::dir_ = nullptr;
-test::ToolRun* DemoTest::demo_ = nullptr;
-
 TEST_F(DemoTest, TheDemoBuildsItsStoresAndWalksAMonth) {
-  ASSERT_EQ(demo_->status, 0) << demo_->err;
-  EXPECT_TRUE(std::filesystem::exists(dir_->Path() / "store" / "payroll.db"));
-  EXPECT_TRUE(std::filesystem::exists(dir_->Path() / "store" / "reference.db"));
-  EXPECT_NE(demo_->out.find("GetZeittabelle(202503) = \"Werte 2025\" (from 202501)"), std::string::npos) << demo_->out;
-  EXPECT_NE(demo_->out.find("GetZeittabelle(202312) = \"Werte 2025\""), std::string::npos);
-  EXPECT_NE(demo_->out.find("as stored"), std::string::npos);
-  EXPECT_NE(demo_->out.find("Laufbahnschritt(202503) = Eintritt 2022-09-01, Index 3"), std::string::npos);
-  EXPECT_NE(demo_->out.find("IsEintritt(202503) = True"), std::string::npos);
-  EXPECT_NE(demo_->out.find("LaufbahnschritteImZeitraum(202503, 202503) = Eintritt 2022-09-01"), std::string::npos);
-  EXPECT_EQ(demo_->out.find("DIFFERS"), std::string::npos);
-  EXPECT_TRUE(demo_->err.empty()) << demo_->err;  // no progress lines when not on a terminal
+  ASSERT_EQ(Demo().status, 0) << Demo().err;
+  EXPECT_TRUE(std::filesystem::exists(DemoDir() / "store" / "payroll.db"));
+  EXPECT_TRUE(std::filesystem::exists(DemoDir() / "store" / "reference.db"));
+  EXPECT_NE(Demo().out.find("GetZeittabelle(202503) = \"Werte 2025\" (from 202501)"), std::string::npos) << Demo().out;
+  EXPECT_NE(Demo().out.find("GetZeittabelle(202312) = \"Werte 2025\""), std::string::npos);
+  EXPECT_NE(Demo().out.find("as stored"), std::string::npos);
+  EXPECT_NE(Demo().out.find("Laufbahnschritt(202503) = Eintritt 2022-09-01, Index 3"), std::string::npos);
+  EXPECT_NE(Demo().out.find("IsEintritt(202503) = True"), std::string::npos);
+  EXPECT_NE(Demo().out.find("LaufbahnschritteImZeitraum(202503, 202503) = Eintritt 2022-09-01"), std::string::npos);
+  EXPECT_EQ(Demo().out.find("DIFFERS"), std::string::npos);
+  EXPECT_TRUE(Demo().err.empty()) << Demo().err;  // no progress lines when not on a terminal
 }
 
 double Group(const JsonValue& base, const char* group, const char* property) {
@@ -201,7 +181,7 @@ TEST_F(DemoTest, ChildrenAsTheHostWroteThemWithTheirSelectionAndL16Data) {
         "GetFABOKinderAenderung(202503) = Lukas Huber: ganzer FABO in 202502, halber FABO from 202503",
         "GetL16Daten(202501, 202512) Lukas Huber: ganzer FABO 1 bis 2, halber FABO 3 bis 8, A, Familienbeihilfenbezieher",
         "GetL16Daten(202501, 202512) Marie Huber: ganzer FABO 1 bis 12"})
-    EXPECT_NE(demo_->out.find(line), std::string::npos) << line << "\n" << demo_->out;
+    EXPECT_NE(Demo().out.find(line), std::string::npos) << line << "\n" << Demo().out;
 
   // Lukas turns 18 in August 2025: September no longer counts him.
   JsonValue august = Show({"month", "--employee", "1001", "--period", "202508"});
@@ -274,7 +254,7 @@ TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
       {{"show", "--store", Store(), "l16", "--employee", "1001"}, "show l16 needs --year"},
       {{"show", "--store", Store(), "l16", "--employee", "4711", "--year", "2025"}, "unknown employee '4711'"},
       {{"demo", Store()}, "exists already"},
-      {{"demo", dir_->File("other"), "--employees", "many"}, "not a number from 5 to 30000"},
+      {{"demo", (DemoDir() / "other").string(), "--employees", "many"}, "not a number from 5 to 30000"},
   };
   for (const Case& c : cases) {
     auto run = RunTool(c.args);
@@ -282,7 +262,7 @@ TEST_F(DemoTest, BadInputGivesOneLineAndStatusTwo) {
     EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
     EXPECT_NE(run.err.find(c.expected), std::string::npos) << run.err;
   }
-  EXPECT_FALSE(std::filesystem::exists(dir_->Path() / "other"));
+  EXPECT_FALSE(std::filesystem::exists(DemoDir() / "other"));
 }
 
 }  // namespace

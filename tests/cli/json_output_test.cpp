@@ -2,13 +2,12 @@
 // reader takes: each key a property name, once per object.
 #include <gtest/gtest.h>
 
+#include "support/demo_store.h"
 #include "support/json_reader.h"
 #include "support/run_tool.h"
-#include "support/test_store.h"
 
 using namespace ormelix;
 using test::JsonValue;
-using test::RunTool;
 
 namespace {
 
@@ -26,33 +25,23 @@ TEST(StrictJson, RefusesWhatParsersReadDifferently) {
   EXPECT_EQ(fine["a"]["a"].kind(), JsonValue::Null);
 }
 
-class JsonOutput : public ::testing::Test {
+class JsonOutput : public test::DemoStoreTest {
  protected:
-  static void SetUpTestSuite() {
-    dir_ = new test::TempDir();
-    auto demo = RunTool({"demo", "store"}, dir_->Path().string());
-    ASSERT_EQ(demo.status, 0) << demo.err;
-  }
-  static void TearDownTestSuite() { delete dir_; }
+  static void SetUpTestSuite() { ASSERT_EQ(Demo().status, 0) << Demo().err; }
 
   // The output of one show command, parsed strictly.
   static JsonValue Show(std::vector<std::string> args) {
-    args.insert(args.begin(), {"show", "--store", (dir_->Path() / "store").string()});
     args.push_back("--json");
-    auto run = RunTool(args);
+    auto run = DemoStoreTest::Show(args);
     EXPECT_EQ(run.status, 0) << run.err;
     try {
       return JsonValue::Parse(run.out);
     } catch (const std::exception& e) {
-      ADD_FAILURE() << args[3] << ": " << e.what();
+      ADD_FAILURE() << args[0] << ": " << e.what();
       return {};
     }
   }
-
-  static test::TempDir* dir_;
 };
-
-test::TempDir* JsonOutput::dir_ = nullptr;
 
 TEST_F(JsonOutput, EveryShowOfTheDemoStoreIsStrictJsonWithUniqueKeys) {
   Show({"employers"});
