@@ -37,6 +37,17 @@ class ColumnLayout {
   // A filter text parsed against these columns, kept: the recordsets of one
   // statement are filtered by the same few texts again and again (a month, a group
   // of lines), one recordset per employee. parse is called for a text not seen yet.
+  // The column indices of a column declaration set (by its key), kept as
+  // ParsedFilter keeps filters; nullptr for a set not bound yet.
+  const std::vector<int>* FindBinding(std::uint64_t set_key) const {
+    auto found = bindings_.find(set_key);
+    return found == bindings_.end() ? nullptr : &found->second;
+  }
+  void KeepBinding(std::uint64_t set_key, std::vector<int> binding) const {
+    if (bindings_.size() >= 256) bindings_.clear();  // sets made on the fly keep no memory
+    bindings_[set_key] = std::move(binding);
+  }
+
   std::shared_ptr<const FilterNode> ParsedFilter(std::string_view criteria,
                                                  const std::function<FilterNode(std::string_view)>& parse) const;
 
@@ -50,6 +61,7 @@ class ColumnLayout {
   std::unordered_map<std::string, int> folded_;
   std::unordered_map<std::string, int> qualified_;
   mutable std::unordered_map<std::string, std::shared_ptr<const FilterNode>, NameHash, std::equal_to<>> filters_;
+  mutable std::unordered_map<std::uint64_t, std::vector<int>> bindings_;
 };
 
 struct QueryResult {

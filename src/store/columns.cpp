@@ -1,5 +1,6 @@
 #include "ormelix/store/columns.h"
 
+#include <atomic>
 #include <charconv>
 #include <cmath>
 
@@ -74,6 +75,11 @@ double Rounded(PropertyRef from, int digits) {
 }
 
 }  // namespace
+
+std::uint64_t detail::NewColumnSetKey() {
+  static std::atomic<std::uint64_t> next{1};
+  return next++;
+}
 
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into) { LoadProperty(field.Peek(), how, into); }
 

@@ -104,6 +104,7 @@ struct Recordset::Impl {
   std::size_t Width() const { return layout->Size(); }
   const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
   std::size_t RowCount() const { return Width() ? cells.size() / Width() : 0; }
+  bool IsDeleted(std::uint32_t row) const { return !deleted.empty() && deleted[row]; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
     throw StoreError(what, sql, detail);
@@ -121,9 +122,10 @@ struct Recordset::Impl {
   void Load(detail::QueryResult result) {
     SetLayout(std::move(result.layout));
     cells = std::move(result.cells);
-    deleted.assign(RowCount(), 0);
+    // Both are made when first needed: most recordsets never delete a row or
+    // filter by a column's index, and a load opens thousands.
+    deleted.clear();
     indexes.clear();
-    indexes.resize(Width());
     fetched = true;
   }
 
@@ -171,6 +173,7 @@ struct Recordset::Impl {
   }
 
   const ColumnIndex& IndexOf(int column) const {
+    if (indexes.size() < Width()) indexes.resize(Width());
     if (!indexes[column]) {
       auto index = std::make_unique<ColumnIndex>();
       for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(cells[row * Width() + column], row);
@@ -195,7 +198,7 @@ struct Recordset::Impl {
     if (terms.empty()) return std::nullopt;
     std::optional<RowList> best;
     for (const FilterNode* term : terms) {
-      if (!indexes[term->column]) continue;
+      if (static_cast<std::size_t>(term->column) >= indexes.size() || !indexes[term->column]) continue;
       RowList rows = indexes[term->column]->Lookup(term->literal);
       if (!best || rows.size() < best->size()) best = std::move(rows);
     }
@@ -208,13 +211,13 @@ struct Recordset::Impl {
     if (!filter) {
       view.reserve(RowCount());
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!deleted[row]) view.push_back(row);
+        if (!IsDeleted(row)) view.push_back(row);
     } else if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
-        if (!deleted[row] && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
     } else {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!deleted[row] && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
     }
     pos = 0;
   }
@@ -263,8 +266,8 @@ struct Recordset::Impl {
       }
       auto new_row = static_cast<std::uint32_t>(RowCount());
       cells.insert(cells.end(), row.begin(), row.end());
-      deleted.push_back(0);
-      for (std::size_t i = 0; i < Width(); ++i)
+      if (!deleted.empty()) deleted.push_back(0);
+      for (std::size_t i = 0; i < indexes.size(); ++i)
         if (indexes[i]) indexes[i]->Add(cells[new_row * Width() + i], new_row);
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
@@ -274,7 +277,7 @@ struct Recordset::Impl {
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
         row[i] = backend->Normalize(edit_row[i], Column(i).affinity);
-        if (!inserted) indexes[i].reset();
+        if (!inserted && i < indexes.size()) indexes[i].reset();
       }
     }
     mode = None;
@@ -384,6 +387,13 @@ Field Recordset::Fields(std::string_view name) const { return Field(this, impl_-
 
 int Recordset::FieldIndex(std::string_view name) const { return impl_->Resolve(name); }
 
+std::vector<int> Recordset::Binding(std::uint64_t set_key, const std::function<std::vector<int>()>& make) const {
+  if (const std::vector<int>* kept = impl_->layout->FindBinding(set_key)) return *kept;
+  std::vector<int> binding = make();
+  impl_->layout->KeepBinding(set_key, binding);
+  return binding;
+}
+
 int Recordset::FindFieldIndex(std::string_view name) const {
   int column = impl_->Lookup(name);
   return column < 0 ? -1 : column;
@@ -453,6 +463,7 @@ void Recordset::Delete() {
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
   std::uint32_t row = d.view[d.pos];
   d.backend->DeleteRow(d.base_table, d.cells[row * d.Width() + d.key_column]);
+  if (d.deleted.empty()) d.deleted.assign(d.RowCount(), 0);
   d.deleted[row] = 1;
   d.view.erase(d.view.begin() + d.pos);
 }

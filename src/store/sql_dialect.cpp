@@ -23,23 +23,29 @@ struct Token {
   throw StoreError("SQL outside the supported dialect", std::string(sql), why);
 }
 
-bool IsWordStart(unsigned char c) { return std::isalpha(c) || c == '_' || c >= 0x80; }
-bool IsWordChar(unsigned char c) { return std::isalnum(c) || c == '_' || c >= 0x80; }
+// ASCII classes by hand: the <cctype> functions consult the locale on every call,
+// and every statement of a load passes through here.
+bool IsSpace(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsDigit(unsigned char c) { return c >= '0' && c <= '9'; }
+bool IsAlpha(unsigned char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
+bool IsWordStart(unsigned char c) { return IsAlpha(c) || c == '_' || c >= 0x80; }
+bool IsWordChar(unsigned char c) { return IsAlpha(c) || IsDigit(c) || c == '_' || c >= 0x80; }
 
 std::size_t FindClosing(std::string_view sql, std::size_t from, char closing) {
   std::size_t end = sql.find(closing, from);
   return end;
 }
 
-std::vector<Token> Tokenize(std::string_view sql) {
-  std::vector<Token> tokens;
+// The tokens of a statement into tokens (emptied first, its capacity kept).
+void Tokenize(std::string_view sql, std::vector<Token>& tokens) {
+  tokens.clear();
   std::size_t i = 0;
   const std::size_t n = sql.size();
   while (i < n) {
     unsigned char c = static_cast<unsigned char>(sql[i]);
-    if (std::isspace(c)) {
+    if (IsSpace(c)) {
       std::size_t j = i;
-      while (j < n && std::isspace(static_cast<unsigned char>(sql[j]))) ++j;
+      while (j < n && IsSpace(static_cast<unsigned char>(sql[j]))) ++j;
       tokens.push_back({Tok::Space, sql.substr(i, j - i)});
       i = j;
     } else if (c == '[') {
@@ -73,15 +79,15 @@ std::vector<Token> Tokenize(std::string_view sql) {
       if (end == std::string_view::npos) Refuse(sql, "unterminated #date#");
       tokens.push_back({Tok::DateLit, sql.substr(i + 1, end - i - 1)});
       i = end + 1;
-    } else if (std::isdigit(c) || (c == '.' && i + 1 < n && std::isdigit(static_cast<unsigned char>(sql[i + 1])))) {
+    } else if (IsDigit(c) || (c == '.' && i + 1 < n && IsDigit(static_cast<unsigned char>(sql[i + 1])))) {
       std::size_t j = i;
-      while (j < n && (std::isdigit(static_cast<unsigned char>(sql[j])) || sql[j] == '.')) ++j;
+      while (j < n && (IsDigit(static_cast<unsigned char>(sql[j])) || sql[j] == '.')) ++j;
       if (j < n && (sql[j] == 'e' || sql[j] == 'E')) {
         std::size_t k = j + 1;
         if (k < n && (sql[k] == '+' || sql[k] == '-')) ++k;
-        if (k < n && std::isdigit(static_cast<unsigned char>(sql[k]))) {
+        if (k < n && IsDigit(static_cast<unsigned char>(sql[k]))) {
           j = k;
-          while (j < n && std::isdigit(static_cast<unsigned char>(sql[j]))) ++j;
+          while (j < n && IsDigit(static_cast<unsigned char>(sql[j]))) ++j;
         }
       }
       if (j < n && IsWordChar(static_cast<unsigned char>(sql[j]))) Refuse(sql, "malformed number");
@@ -112,12 +118,18 @@ std::vector<Token> Tokenize(std::string_view sql) {
       i += len;
     }
   }
+}
+
+std::vector<Token> Tokenize(std::string_view sql) {
+  std::vector<Token> tokens;
+  Tokenize(sql, tokens);
   return tokens;
 }
 
 std::string AsciiUpper(std::string_view word) {
   std::string out(word);
-  for (char& ch : out) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+  for (char& ch : out)
+    if (ch >= 'a' && ch <= 'z') ch = static_cast<char>(ch - 'a' + 'A');
   return out;
 }
 
@@ -202,7 +214,7 @@ Variant NumberValue(std::string_view text) {
 bool WordIs(std::string_view word, std::string_view upper) {
   if (word.size() != upper.size()) return false;
   for (std::size_t i = 0; i < word.size(); ++i)
-    if (std::toupper(static_cast<unsigned char>(word[i])) != upper[i]) return false;
+    if ((word[i] >= 'a' && word[i] <= 'z' ? word[i] - 'a' + 'A' : word[i]) != upper[i]) return false;
   return true;
 }
 
@@ -221,7 +233,10 @@ SqlShape ShapeOf(std::string_view jet_sql) {
     shape.params.push_back(std::move(value));
   };
   bool bind = false;  // the same places as the translation binds: conditions only
-  for (const Token& token : Tokenize(jet_sql)) {
+  // One token list for every shape taken: a load takes thousands.
+  thread_local std::vector<Token> tokens;
+  Tokenize(jet_sql, tokens);
+  for (const Token& token : tokens) {
     switch (token.type) {
       case Tok::Word:
         if (WordIs(token.text, "WHERE") || WordIs(token.text, "ON") || WordIs(token.text, "HAVING")) bind = true;
@@ -266,7 +281,8 @@ bool IsGuidText(std::string_view text) {
   for (std::size_t i = 1; i < 37; ++i) {
     char c = text[i];
     bool dash = (i == 9 || i == 14 || i == 19 || i == 24);
-    if (dash ? c != '-' : !std::isxdigit(static_cast<unsigned char>(c))) return false;
+    const bool hex = IsDigit(static_cast<unsigned char>(c)) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
+    if (dash ? c != '-' : !hex) return false;
   }
   return true;
 }

@@ -90,6 +90,9 @@ constexpr std::string_view NameOf() {
 }
 
 namespace detail {
+// A key no other column declaration set of the process has.
+std::uint64_t NewColumnSetKey();
+
 template <auto M>
 inline constexpr std::string_view kNameOf = NameOf<M>();
 inline constexpr std::string_view kDot = ".";
@@ -203,7 +206,7 @@ class ColumnSet {
  public:
   using Decl = ColumnDecl<Target>;
 
-  ColumnSet(std::initializer_list<Decl> columns) : columns_(columns) {}
+  ColumnSet(std::initializer_list<Decl> columns) : columns_(columns), key_(detail::NewColumnSetKey()) {}
 
   // A checkpoint entry: during a save of a wide row, the part written so far is
   // stored at once if the row already has an ID (that is, it is no new row).
@@ -223,20 +226,24 @@ class ColumnSet {
   // each column is first looked for right after the one before, by its exact
   // name, and only where it is not there by a lookup of the name.
   std::vector<int> Bind(const Recordset& recordset) const {
-    std::vector<int> bound;
-    bound.reserve(columns_.size());
-    const int count = recordset.FieldCount();
-    int next = -1;
-    for (const Decl& decl : columns_) {
-      if (!decl.column || decl.load == LoadAs::None) {
-        bound.push_back(-1);
-        continue;
+    // Kept per statement's columns: the recordsets of one statement, one per
+    // employee, bind once.
+    return recordset.Binding(key_, [&] {
+      std::vector<int> bound;
+      bound.reserve(columns_.size());
+      const int count = recordset.FieldCount();
+      int next = -1;
+      for (const Decl& decl : columns_) {
+        if (!decl.column || decl.load == LoadAs::None) {
+          bound.push_back(-1);
+          continue;
+        }
+        const bool in_order = next >= 0 && next < count && recordset.FieldName(next) == decl.column;
+        bound.push_back(in_order ? next : recordset.FieldIndex(decl.column));
+        next = bound.back() + 1;
       }
-      const bool in_order = next >= 0 && next < count && recordset.FieldName(next) == decl.column;
-      bound.push_back(in_order ? next : recordset.FieldIndex(decl.column));
-      next = bound.back() + 1;
-    }
-    return bound;
+      return bound;
+    });
   }
 
   // Reads every column that is read, in order, from the current row. The row is
@@ -309,6 +316,7 @@ class ColumnSet {
 
  private:
   std::vector<Decl> columns_;
+  std::uint64_t key_;  // tells this set's bindings apart from every other set's
 };
 
 // Refuses, before anything is written, a row of which a column would be written

@@ -9,7 +9,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <vector>
 #include <string>
 #include <string_view>
 
@@ -110,6 +112,10 @@ class Recordset {
 
   // Library-internal: the value of a column of the current row, or nullptr at no row.
   const Variant* CurrentCell(int column) const;
+  // Library-internal: the column indices that the declaration set with this key
+  // binds to, made by make the first time and kept with the statement's columns,
+  // so that the recordsets of one statement (one per employee) bind once.
+  std::vector<int> Binding(std::uint64_t set_key, const std::function<std::vector<int>()>& make) const;
   // Library-internal: the cells of the current row (the row being edited while
   // AddNew or a change is pending), one per field, or nullptr at no row. Valid
   // until the recordset moves or changes.
