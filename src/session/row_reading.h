@@ -45,15 +45,17 @@ Date StoredDate(const char* column, const Variant& value, bool blank_is_no_date)
 template <class Target>
 void ReadColumns(const ColumnSet<Target>& columns, const std::vector<int>& bound, Target& target,
                  const Recordset& recordset, const RowOf& row) {
+  static const Variant kNoRow;
+  const Variant* cells = recordset.CurrentRow();  // looked up once for the whole row
   const auto& decls = columns.Columns();
   for (std::size_t i = 0; i < decls.size(); ++i) {
     if (bound[i] < 0) continue;
     const auto& decl = decls[i];
     Reading(row, decl.column, [&] {
-      const Field field = recordset.Fields(bound[i]);
-      if (decl.load == LoadAs::Custom) return decl.load_with(target, field);
-      if (decl.load == LoadAs::Date) StoredDate(decl.column, field.Peek(), true);
-      LoadProperty(field, decl.load, decl.property(target));
+      if (decl.load == LoadAs::Custom) return decl.load_with(target, recordset.Fields(bound[i]));
+      const Variant& value = cells ? cells[bound[i]] : kNoRow;
+      if (decl.load == LoadAs::Date) StoredDate(decl.column, value, true);
+      LoadProperty(value, decl.load, decl.property(target));
     });
   }
 }
