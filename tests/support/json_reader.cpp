@@ -39,6 +39,10 @@ class JsonParser {
       char c = text_[pos_++];
       if (c == '"') return out;
       if (static_cast<unsigned char>(c) < 0x20) Fail("a control character inside a string");
+      if (static_cast<unsigned char>(c) >= 0x80) {
+        out += ReadUtf8Rest(static_cast<unsigned char>(c));
+        continue;
+      }
       if (c != '\\') {
         out += c;
         continue;
@@ -56,6 +60,22 @@ class JsonParser {
         default: Fail(std::string("an unknown escape \\") + e);
       }
     }
+  }
+  // The rest of a UTF-8 sequence after its first byte; a byte that is no UTF-8
+  // (JSON text must be UTF-8) is refused.
+  std::string ReadUtf8Rest(unsigned char lead) {
+    std::size_t length = lead >= 0xC2 && lead <= 0xDF ? 2 : lead >= 0xE0 && lead <= 0xEF ? 3
+                         : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+    if (length == 0 || pos_ + length - 1 > text_.size()) Fail("a byte that is no UTF-8");
+    unsigned char low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    unsigned char high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    std::string out(1, static_cast<char>(lead));
+    for (std::size_t k = 1; k < length; ++k) {
+      auto byte = static_cast<unsigned char>(text_[pos_++]);
+      if (byte < (k == 1 ? low : 0x80) || byte > (k == 1 ? high : 0xBF)) Fail("a byte that is no UTF-8");
+      out += static_cast<char>(byte);
+    }
+    return out;
   }
   unsigned ReadHex4() {
     if (pos_ + 4 > text_.size()) Fail("a \\u escape needs four hex digits");

@@ -5,6 +5,8 @@
 #include <cctype>
 #include <cstdio>
 
+#include "ormelix/error.h"
+
 namespace cli {
 
 bool Arguments::Help() const {
@@ -57,19 +59,30 @@ void Arguments::ExpectEnd(const std::string& usage) const {
   if (!words_.empty()) throw UsageError("unexpected argument '" + words_.front() + "'; usage: " + usage);
 }
 
+namespace {
+
+bool AllDigits(const std::string& text, std::size_t size) {
+  if (text.size() != size) return false;
+  for (char c : text)
+    if (!std::isdigit(static_cast<unsigned char>(c))) return false;
+  return true;
+}
+
+}  // namespace
+
 std::int32_t ParsePeriod(const std::string& text) {
-  bool digits = text.size() == 6;
-  for (char c : text) digits = digits && std::isdigit(static_cast<unsigned char>(c));
+  bool digits = AllDigits(text, 6);
+  int year = digits ? std::stoi(text.substr(0, 4)) : 0;
   int month = digits ? std::stoi(text.substr(4)) : 0;
-  if (!digits || month < 1 || month > 12)
-    throw UsageError("period '" + text + "' is not YYYYMM with a month from 01 to 12 (e.g. 202503)");
+  if (!digits || year < 1000 || month < 1 || month > 12)
+    throw UsageError("period '" + ormelix::ShortenForMessage(text, 40) +
+                     "' is not YYYYMM with a year from 1000 and a month from 01 to 12 (e.g. 202503)");
   return std::stoi(text);
 }
 
 std::int16_t ParseYear(const std::string& text) {
-  bool digits = text.size() == 4;
-  for (char c : text) digits = digits && std::isdigit(static_cast<unsigned char>(c));
-  if (!digits) throw UsageError("year '" + text + "' is not a four-digit year (e.g. 2025)");
+  if (!AllDigits(text, 4) || text[0] == '0')
+    throw UsageError("year '" + ormelix::ShortenForMessage(text, 40) + "' is not a four-digit year (e.g. 2025)");
   return static_cast<std::int16_t>(std::stoi(text));
 }
 

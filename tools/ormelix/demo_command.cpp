@@ -6,6 +6,7 @@
 
 #include "commands.h"
 #include "demo.h"
+#include "paths.h"
 #include "ormelix/store/schema.h"
 
 namespace cli {
@@ -62,10 +63,11 @@ int Demo(Arguments args) {
   std::filesystem::path folder = dir ? std::filesystem::path(*dir) : FreshFolder();
   std::filesystem::path payroll = folder / "payroll.db";
   std::filesystem::path reference = folder / "reference.db";
+  MakeFolder(folder);
   for (const auto& path : {payroll, reference})
-    if (std::filesystem::exists(path))
-      throw UsageError("'" + path.string() + "' exists already; expected a folder without stores (or none)");
-  std::filesystem::create_directories(folder);
+    if (KindAt(path) != std::filesystem::file_type::not_found)
+      throw UsageError("'" + Shown(path) + "' exists already; expected a folder without stores (or none)");
+  RequireWritableFolder(folder);
   ormelix::CreateStore(payroll.string(), ormelix::StoreKind::Payroll);
   ormelix::CreateStore(reference.string(), ormelix::StoreKind::Reference);
   std::cout << "Demo stores in " << folder.string() << "/\n";

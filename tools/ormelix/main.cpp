@@ -1,10 +1,12 @@
 // ormelix: the command-line host of the library.
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "commands.h"
+#include "paths.h"
 #include "ormelix/error.h"
 #include "ormelix/session/messages.h"
 
@@ -35,6 +37,12 @@ const Command kCommands[] = {
     {"show", cli::Show, cli::kShowHelp},
 };
 
+void Fail(const std::string& command, std::string message) {
+  for (char& c : message)
+    if (c == '\n' || c == '\r') c = ' ';
+  std::cerr << "ormelix " << command << ": " << message << "\n";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -61,18 +69,16 @@ int main(int argc, char** argv) {
       std::cout << command.help;
       return 0;
     }
+    // Whatever stops a command (bad input, a store that cannot be read, a stored
+    // value that is no value of its column) is one line and exit status 2.
     try {
       return command.run(std::move(args));
-    } catch (const cli::UsageError& error) {
-      std::cerr << "ormelix " << name << ": " << error.what() << "\n";
-      return 2;
-    } catch (const ormelix::StoreError& error) {
-      std::cerr << "ormelix " << name << ": " << error.what() << "\n";
-      return 2;
+    } catch (const std::filesystem::filesystem_error& error) {
+      Fail(name, "cannot use '" + cli::Shown(error.path1()) + "': " + error.code().message());
     } catch (const std::exception& error) {
-      std::cerr << "ormelix " << name << ": " << error.what() << "\n";
-      return 1;
+      Fail(name, error.what());
     }
+    return 2;
   }
   std::cerr << "ormelix: unknown command '" << name << "'; expected init, demo or show (see ormelix --help)\n";
   return 2;

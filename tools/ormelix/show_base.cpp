@@ -5,6 +5,8 @@
 #include "ormelix/basevalues/basisdaten.h"
 #include "ormelix/error.h"
 #include "ormelix/store/date_helpers.h"
+#include "ormelix/store/value_helpers.h"
+#include "ormelix/text.h"
 #include "show.h"
 #include "table.h"
 #include "values.h"
@@ -268,7 +270,10 @@ BaseSelection SelectBase(clsManager& manager, std::int32_t period, const std::op
   auto basis = manager.Basis();
   basis->Load();
   if (folder_name) {
-    s.folder = basis->Item(Variant(*folder_name));
+    // By name (or ID) only: a number is a name here, not a position in the list.
+    for (const auto& folder : *basis)
+      if (EqualsFolded(folder->Bezeichnung, *folder_name) || folder->ID() == ValueHelpers::SqlID(*folder_name))
+        s.folder = folder;
     if (!s.folder) throw UsageError("unknown folder '" + *folder_name + "'; expected one of: " + FolderNames(*basis));
   } else {
     std::string id = basis->GetStandardBOrdnerID();

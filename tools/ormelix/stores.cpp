@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "commands.h"
+#include "paths.h"
 #include "ormelix/error.h"
 #include "ormelix/store/store.h"
 #include "ormelix/store/value_helpers.h"
@@ -11,15 +12,20 @@ std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool r
   namespace fs = std::filesystem;
   fs::path payroll = where;
   fs::path reference;
-  if (fs::is_directory(payroll)) {
+  fs::file_type kind = KindAt(payroll);
+  if (kind == fs::file_type::directory) {
     reference = payroll / "reference.db";
     payroll /= "payroll.db";
+    kind = KindAt(payroll);
   } else {
     reference = payroll.parent_path() / "reference.db";
   }
-  if (!fs::exists(payroll))
-    throw UsageError("no payroll store at '" + payroll.string() +
+  if (kind == fs::file_type::not_found)
+    throw UsageError("no payroll store at '" + Shown(payroll) +
                      "'; expected a store file or a folder with payroll.db (made by ormelix init or ormelix demo)");
+  if (kind != fs::file_type::regular)
+    throw UsageError("'" + Shown(payroll) + "' is no file but a folder, device or pipe; expected a payroll store file");
+  RequireReadable(payroll);
   std::string connect = read_only ? "sqlite;readonly" : "sqlite";
   auto store = ormelix::StoreConnection::Open(payroll.string(), connect);
   try {
@@ -30,7 +36,10 @@ std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool r
   }
   auto manager = ormelix::clsManager::Create();
   manager->OpenAktDB(store);
-  if (fs::exists(reference)) manager->SetImportDB(ormelix::StoreConnection::Open(reference.string(), connect));
+  if (KindAt(reference) != fs::file_type::not_found) {
+    RequireReadable(reference);
+    manager->SetImportDB(ormelix::StoreConnection::Open(reference.string(), connect));
+  }
   return manager;
 }
 
