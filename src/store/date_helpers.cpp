@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <stdexcept>
 
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/value_helpers.h"
@@ -46,7 +47,12 @@ Civil CivilFromDays(long long z) {
 // file (a table of dates at namespace scope) do not find it still 0.
 constexpr long long kEpoch = DaysFromCivil(1899, 12, 30);
 
-Civil CivilOf(Date date) { return CivilFromDays(static_cast<long long>(std::floor(date)) + kEpoch); }
+// A day count past some eight million years, infinite or NaN names no day.
+Civil CivilOf(Date date) {
+  if (!(std::fabs(date) <= 3e9))
+    throw std::out_of_range("the day count " + ValueHelpers::ToText(Variant(date)) + " is no date");
+  return CivilFromDays(static_cast<long long>(std::floor(date)) + kEpoch);
+}
 
 }  // namespace
 

@@ -70,8 +70,12 @@ class Parser {
   FilterNode ParsePrimary() {
     SkipBlanks();
     if (pos_ < text_.size() && text_[pos_] == '(') {
+      // Each level costs stack here and in Evaluate: no criteria of the domain
+      // come near this depth, and a deeper text would end the program.
+      if (++depth_ > kMaxDepth) Fail("parentheses nest deeper than " + std::to_string(kMaxDepth));
       ++pos_;
       FilterNode inner = ParseOr();
+      --depth_;
       SkipBlanks();
       if (pos_ >= text_.size() || text_[pos_] != ')') Fail("missing )");
       ++pos_;
@@ -179,14 +183,17 @@ class Parser {
     double number = 0;
     if (!ParseNumber(text_.substr(start, pos_ - start), number))
       Fail("a value (number, 'text', {ID}, #date#, NULL) is expected at position " + std::to_string(start + 1));
-    if (number == static_cast<double>(static_cast<std::int64_t>(number)) && number > -9e18 && number < 9e18)
+    // The range first: a double past it has no integer to be cast to.
+    if (number > -9e18 && number < 9e18 && number == static_cast<double>(static_cast<std::int64_t>(number)))
       return Variant(static_cast<std::int64_t>(number));
     return Variant(number);
   }
 
+  static constexpr int kMaxDepth = 64;
   std::string_view text_;
   const std::function<int(std::string_view)>& resolve_;
   std::size_t pos_ = 0;
+  int depth_ = 0;
 };
 
 bool Holds(int order, CompareOp op) {

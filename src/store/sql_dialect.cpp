@@ -108,6 +108,12 @@ void Tokenize(std::string_view sql, std::vector<Token>& tokens) {
     } else if (c == '*') {
       tokens.push_back({Tok::Star, sql.substr(i, 1)});
       ++i;
+    } else if (c == '?' || c == ':' || c == '@' || c == '$') {
+      // The backend would take these for placeholders of values nobody binds.
+      Refuse(sql, std::string("'") + static_cast<char>(c) + "' outside a literal is not part of the dialect");
+    } else if (c == '\0') {
+      // The backend would stop reading there and drop the rest unseen.
+      Refuse(sql, "a NUL character is not part of the dialect");
     } else {
       std::size_t len = 1;
       if (i + 1 < n) {

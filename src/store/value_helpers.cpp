@@ -95,7 +95,9 @@ Date ToDate(const Variant& value) {
     if (!text.empty() && !ParseNumber(text, day_count) && detail::ParseDateLiteral(text, day_count))
       return day_count;
   }
-  return NumberOf(value, "Date");
+  double day_count = NumberOf(value, "Date");
+  if (!std::isfinite(day_count)) throw ConversionError("cannot convert '" + value.Describe() + "' to Date");
+  return day_count;
 }
 
 Variant ToVariantValue(const Variant& value, bool) { return value; }

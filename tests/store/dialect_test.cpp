@@ -154,6 +154,19 @@ TEST_F(DialectTest, AQuoteInAConcatenatedValueIsAStoreFailureNotASecondStatement
   EXPECT_EQ(test::CountRows(db, "Basiswerte"), 1);
 }
 
+// Found by fuzzing: a bare '?' (or another of SQLite's parameter marks) went to
+// the store as a placeholder nobody binds, and a NUL ended the statement there.
+TEST_F(DialectTest, ParameterMarksAndNulOutsideLiteralsAreRefused) {
+  Insert(db, "Basiswerte", {{"Bezeichnung", "a?b:c@d$e"}});
+  for (const char* sql : {"SELECT * FROM [Basiswerte] WHERE [Bezeichnung]=?", "SELECT * FROM [Basiswerte] WHERE [Nr]=:n",
+                          "SELECT * FROM [Basiswerte] WHERE [Nr]=@n", "SELECT * FROM [Basiswerte] WHERE [Nr]=$n"})
+    EXPECT_THROW(db->Session().OpenRecordset(sql), StoreError) << sql;
+  EXPECT_THROW(db->Session().ExecuteSql(std::string("DELETE * FROM [Basiswerte] WHERE [Nr]=0\0 OR 1=1", 47), true),
+               StoreError);
+  // Inside a literal or a bracket they are plain characters.
+  EXPECT_EQ(test::CountRows(db, "Basiswerte", "[Bezeichnung]='a?b:c@d$e'"), 1);
+}
+
 TEST_F(DialectTest, CommentsAndUnknownTablesAreRefusedNamingTheSql) {
   EXPECT_THROW(db->Session().OpenRecordset("SELECT * FROM [Basiswerte] -- all"), StoreError);
   try {

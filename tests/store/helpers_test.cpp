@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <set>
 
 #include "ormelix/error.h"
@@ -92,6 +93,21 @@ TEST(DateHelpers, DayCountsAndCalendarArithmetic) {
   EXPECT_EQ(LastDayOfMonth(DateSerial(2023, 2, 10)), DateSerial(2023, 2, 28));
   EXPECT_EQ(FormatDate(DateSerial(2020, 2, 29)), "2020-02-29");
   EXPECT_EQ(FormatDate(0), "");
+}
+
+// Found by fuzzing: a NaN or an enormous day count was cast to an integer
+// (undefined behaviour) on its way to a calendar date.
+TEST(DateHelpers, ADayCountThatNamesNoDayIsRefused) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double inf = std::numeric_limits<double>::infinity();
+  EXPECT_THROW(ToDate(Variant(nan)), ConversionError);
+  EXPECT_THROW(ToDate(Variant(-inf)), ConversionError);
+  for (double day : {nan, inf, 1e300, -4e9}) {
+    EXPECT_THROW(FormatDate(day), std::out_of_range) << day;
+    EXPECT_THROW(LastDayOfMonth(day), std::out_of_range) << day;
+    EXPECT_THROW(DateToZeitraum(day), std::out_of_range) << day;
+  }
+  EXPECT_EQ(Year(2958465), 9999);  // the last day of 9999 is still a day
 }
 
 TEST(DateHelpers, PeriodKeys) {

@@ -107,6 +107,12 @@ TEST_F(RecordsetTest, AFilterThatCannotBeParsedNamesTheFilter) {
       EXPECT_FALSE(error.BackendMessage().empty()) << bad;
     }
   }
+  // Found by fuzzing: parentheses nested thousands deep ran the parser out of stack.
+  const std::string deep = std::string(5000, '(') + "[Zeitraum]=202401" + std::string(5000, ')');
+  EXPECT_THROW(rs->Filter(deep), StoreError);
+  EXPECT_THROW(rs->Find(deep), StoreError);
+  rs->Filter(std::string(60, '(') + "[Zeitraum]=202401" + std::string(60, ')'));  // deep enough for any real use
+  EXPECT_FALSE(rs->Eof());
 }
 
 TEST_F(RecordsetTest, FindSeeksForwardFromTheCurrentRow) {
