@@ -319,7 +319,7 @@ bool ParseDateLiteral(std::string_view inner, double& day_count) {
   } else {
     month = parts[0], day = parts[1], year = parts[2];
   }
-  if (month < 1 || month > 12 || day < 1 || day > 31) return false;
+  if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return false;
   day_count = DateHelpers::DateSerial(year, month, day);
   return DateHelpers::Month(day_count) == month;
 }
