@@ -167,6 +167,25 @@ TEST_F(DialectTest, ParameterMarksAndNulOutsideLiteralsAreRefused) {
   EXPECT_EQ(test::CountRows(db, "Basiswerte", "[Bezeichnung]='a?b:c@d$e'"), 1);
 }
 
+TEST_F(DialectTest, AnErrorNamesTheFirst200CharactersOfItsStatementOnOneLine) {
+  std::string where;
+  for (int i = 0; i < 100; ++i) where += (i ? " OR\n [Bezeichnung]='" : " WHERE [Bezeichnung]='") + std::to_string(i) + "'";
+  const std::string sql = "SELECT * FROM [Basiswerte_Gibt_Es_Nicht]" + where;
+  try {
+    db->Session().OpenRecordset(sql);
+    FAIL();
+  } catch (const StoreError& error) {
+    const std::string text = error.what();
+    EXPECT_EQ(error.Subject(), sql);  // whole, for a program that wants it
+    EXPECT_NE(text.find("Basiswerte_Gibt_Es_Nicht"), std::string::npos) << text;
+    EXPECT_NE(text.find(sql.substr(0, 60)), std::string::npos) << text;
+    EXPECT_NE(text.find("...]"), std::string::npos) << text;
+    EXPECT_EQ(text.find("'99'"), std::string::npos) << text;
+    EXPECT_EQ(text.find('\n'), std::string::npos) << text;
+    EXPECT_LT(text.size(), 400u) << text;
+  }
+}
+
 TEST_F(DialectTest, CommentsAndUnknownTablesAreRefusedNamingTheSql) {
   EXPECT_THROW(db->Session().OpenRecordset("SELECT * FROM [Basiswerte] -- all"), StoreError);
   try {
