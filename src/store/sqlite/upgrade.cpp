@@ -292,9 +292,10 @@ DatabaseHandle OpenUpToDate(DatabaseHandle db, bool read_only, const std::string
     try {
       AddUniqueKeys(db.get());
     } catch (const StoreError& e) {
-      // Another program holds the store: the keys wait for the next open.
+      // Another program holds the store, or the file may not be written: the
+      // keys wait for the next open that can add them.
       int primary = e.Code() & 0xff;
-      if (primary != SQLITE_BUSY && primary != SQLITE_LOCKED) throw;
+      if (primary != SQLITE_BUSY && primary != SQLITE_LOCKED && primary != SQLITE_READONLY) throw;
     }
     return db;
   }
