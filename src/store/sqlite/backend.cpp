@@ -198,6 +198,7 @@ class SqliteBackend final : public Backend {
     if (std::exchange(joined_, false) || !db_ || InAutocommit()) return;
     RunControl("ROLLBACK");
   }
+
   std::string Path() const override { return path_; }
   std::string Connect() const override { return connect_; }
 
