@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <limits>
 #include <stdexcept>
 
 #include "ormelix/store/recordset.h"
@@ -113,7 +114,11 @@ Date ZeitraumToDate(std::int32_t zeitraum, std::int16_t day) {
 }
 
 std::int32_t ZeitraumAddYears(std::int32_t zeitraum, const Variant& years) {
-  return zeitraum + ValueHelpers::ToLong(years) * 100;
+  long long later = zeitraum + static_cast<long long>(ValueHelpers::ToLong(years)) * 100;
+  if (later < std::numeric_limits<std::int32_t>::min() || later > std::numeric_limits<std::int32_t>::max())
+    throw std::out_of_range("the period " + std::to_string(zeitraum) + " plus " + ValueHelpers::ToText(years) +
+                            " years lies outside the periods of a 32-bit key");
+  return static_cast<std::int32_t>(later);
 }
 
 Date Today() {

@@ -53,7 +53,9 @@ TEST_F(LaenderTest, CountriesLoadByCodeWithTheirIndicatorsByPeriod) {
   EXPECT_EQ(ch.Code, 20);
   EXPECT_EQ(ch.ID, 3);
   EXPECT_FALSE(ch.EULand);
-  const clsLand& de = *Laender().Item(Variant("40"));  // by the text of the code
+  // Held by its own reference: the Load below empties the list that owns it.
+  const auto germany = Laender().Item(Variant("40"));  // by the text of the code
+  const clsLand& de = *germany;
   EXPECT_EQ(std::tie(de.Bezeichnung, de.Kurzbezeichnung, de.ISO_A3, de.ISO_A2, de.KFZ),
             std::make_tuple("Deutschland", "DE", "DEU", "DE", "D"));
   EXPECT_TRUE(de.EULand);
