@@ -3,6 +3,9 @@
 #include <atomic>
 #include <charconv>
 #include <cmath>
+#include <stdexcept>
+#include <string>
+#include <string_view>
 
 #include "ormelix/error.h"
 #include "ormelix/store/date_helpers.h"
@@ -82,6 +85,19 @@ std::uint64_t detail::NewColumnSetKey() {
 }
 
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into) { LoadProperty(field.Peek(), how, into); }
+
+void RethrowUnreadable(const Field& field) {
+  static const std::string kNamed = "the stored value in ";
+  try {
+    throw;
+  } catch (const ConversionError& e) {
+    if (std::string_view(e.what()).substr(0, kNamed.size()) == kNamed) throw;
+    throw ConversionError(kNamed + field.Where() + " cannot be read: " + e.what());
+  } catch (const std::out_of_range& e) {
+    if (std::string_view(e.what()).substr(0, kNamed.size()) == kNamed) throw;
+    throw std::out_of_range(kNamed + field.Where() + " cannot be read: " + e.what());
+  }
+}
 
 void LoadProperty(const Variant& field, LoadAs how, PropertyRef into) {
   switch (how) {

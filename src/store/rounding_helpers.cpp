@@ -5,6 +5,7 @@
 #include <string>
 
 #include "ormelix/error.h"
+#include "ormelix/store/columns.h"
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/value_helpers.h"
 
@@ -63,8 +64,8 @@ double RoundTo(const Variant& value, int digits) { return RoundTo(ValueHelpers::
 double RoundTo(const Field& field, int digits) {
   try {
     return RoundTo(field.Peek(), digits);
-  } catch (const ConversionError& e) {
-    throw ConversionError("the stored value in " + field.Where() + " cannot be read: " + e.what());
+  } catch (...) {
+    RethrowUnreadable(field);
   }
 }
 

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "ormelix/error.h"
+#include "ormelix/store/columns.h"
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/text.h"
 #include "sql_dialect.h"
@@ -110,10 +111,8 @@ template <class Convert>
 auto ReadField(const Field& field, Convert convert) -> decltype(convert(field.Peek())) {
   try {
     return convert(field.Peek());
-  } catch (const ConversionError& e) {
-    throw ConversionError("the stored value in " + field.Where() + " cannot be read: " + e.what());
-  } catch (const std::out_of_range& e) {
-    throw std::out_of_range("the stored value in " + field.Where() + " cannot be read: " + e.what());
+  } catch (...) {
+    RethrowUnreadable(field);
   }
 }
 

@@ -110,7 +110,7 @@ TEST(DateHelpers, ADayCountThatNamesNoDayIsRefused) {
   EXPECT_EQ(Year(2958465), 9999);  // the last day of 9999 is still a day
   // Found by replaying the corpus under UBSan: years added past a 32-bit key overflowed.
   EXPECT_THROW(ZeitraumAddYears(202403, Variant(std::int64_t{2147483647})), std::out_of_range);
-  EXPECT_EQ(ZeitraumAddYears(202403, Variant(-18)), 200003);
+  EXPECT_EQ(ZeitraumAddYears(202403, Variant(-18)), 200603);
 }
 
 TEST(DateHelpers, PeriodKeys) {

@@ -70,6 +70,11 @@ void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
 void LoadProperty(const Variant& value, LoadAs how, PropertyRef into);
 Variant SaveProperty(PropertyRef from, SaveAs how);
 
+// Called while a failure to read a stored value is handled: raises it again (a
+// ConversionError or std::out_of_range) naming where the value lies, the column,
+// its table and row (Field::Where); any other failure as it is.
+[[noreturn]] void RethrowUnreadable(const Field& field);
+
 // The name of a member (data or function) or of an enumerator given as a template
 // argument, as the compiler spells it: NameOf<&LLohn::Gehalt> is "Gehalt",
 // NameOf<eBasisWien> is "eBasisWien". Read from the compiler's own spelling of the
@@ -251,11 +256,16 @@ class ColumnSet {
   void Load(Target& target, const Recordset& recordset, const std::vector<int>& bound) const {
     static const Variant kNoRow;
     const Variant* row = recordset.CurrentRow();
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const Decl& decl = columns_[i];
-      if (bound[i] < 0) continue;
-      if (decl.load == LoadAs::Custom) decl.load_with(target, recordset.Fields(bound[i]));
-      else LoadProperty(row ? row[bound[i]] : kNoRow, decl.load, decl.property(target));
+    std::size_t i = 0;
+    try {
+      for (; i < columns_.size(); ++i) {
+        const Decl& decl = columns_[i];
+        if (bound[i] < 0) continue;
+        if (decl.load == LoadAs::Custom) decl.load_with(target, recordset.Fields(bound[i]));
+        else LoadProperty(row ? row[bound[i]] : kNoRow, decl.load, decl.property(target));
+      }
+    } catch (...) {
+      RethrowUnreadable(recordset.Fields(bound[i]));
     }
   }
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
