@@ -22,11 +22,15 @@
 // (glibc's mallinfo2 before and after a Load).
 #include <benchmark/benchmark.h>
 #include <malloc.h>
+#include <signal.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -72,12 +76,14 @@ void MakeReferenceStore(const std::string& path) {
                              std::to_string(code) + "')");
 }
 
+constexpr const char* kStorePrefix = "ormelix-employee-bench-";
+
 Store MakeStore(int employees) {
   Store store;
   // Named by the process too: another run on the same machine must not replace the
   // store under this one.
   store.path = (std::filesystem::temp_directory_path() /
-                ("ormelix-employee-bench-" + std::to_string(getpid()) + "-" + std::to_string(employees) + ".db"))
+                (kStorePrefix + std::to_string(getpid()) + "-" + std::to_string(employees) + ".db"))
                    .string();
   std::filesystem::remove(store.path);
   store.reference = store.path + ".reference";
@@ -156,11 +162,31 @@ const Store& Data(int employees) {
   return found->second;
 }
 
+// A store file with its journals.
+void RemoveStoreFiles(const std::string& path) {
+  std::error_code ignored;
+  for (const char* suffix : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(path + suffix, ignored);
+}
+
 void RemoveStores() {
   for (const auto& [employees, store] : Stores()) {
-    std::filesystem::remove(store.path);
-    std::filesystem::remove(store.reference);
+    RemoveStoreFiles(store.path);
+    RemoveStoreFiles(store.reference);
   }
+}
+
+// The stores that runs which did not reach their end (stopped, killed) left in the
+// temporary folder: those named by a process that no longer exists.
+void RemoveStaleStores() {
+  std::error_code failed;
+  std::vector<std::filesystem::path> stale;
+  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::temp_directory_path(), failed)) {
+    const std::string name = entry.path().filename().string();
+    if (name.rfind(kStorePrefix, 0) != 0) continue;
+    const long pid = std::strtol(name.c_str() + std::strlen(kStorePrefix), nullptr, 10);
+    if (pid > 0 && kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH) stale.push_back(entry.path());
+  }
+  for (const auto& path : stale) std::filesystem::remove(path, failed);
 }
 
 // ---------------------------------------------------------------- the library
@@ -467,6 +493,7 @@ void ReportMemoryPerEmployee(int employees) {
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  RemoveStaleStores();
   SummaryReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   ReportFirstLoad(1000);
