@@ -65,6 +65,7 @@ bool clsBasisdaten::ExistBezeichnung(const std::string& pBezeichnung) const {
 void clsBasisdaten::Load() {
   auto manager = manager_.Get();
   folders_.Clear();
+  const ormelix::detail::LoadSnapshot snapshot(*manager);  // every folder as of one moment
   auto rs = modBasiswerte::detail::OpenRead(
       *manager,
       "SELECT [ID] FROM [Basiswerte] ORDER BY [Standardordner] ASC, [Wiederherstellung] DESC, [Bezeichnung] ASC");

@@ -61,16 +61,34 @@ void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const
                   "the benefit of period " + std::to_string(entry->Zeitraum) + " of " + pRow);
 }
 
-void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID) {
-  auto rs = detail::OpenRead(pManager, RowsSql(pLohnzettelID) + " ORDER BY [Zeitraum] ASC");
+namespace {
+
+std::unique_ptr<Recordset> OpenRows(clsManager& pManager, const std::string& pLohnzettelID) {
+  return detail::OpenRead(pManager, RowsSql(pLohnzettelID) + " ORDER BY [Zeitraum] ASC");
+}
+
+void Fill(LLohn_Ersatzleistungen& pListe, Recordset& rs) {
   pListe.Clear();
-  const auto bound = ErsatzleistungColumns().Bind(*rs);
-  for (; !rs->Eof(); rs->MoveNext()) {
+  const auto bound = ErsatzleistungColumns().Bind(rs);
+  for (; !rs.Eof(); rs.MoveNext()) {
     auto entry = std::make_shared<LLohn_Ersatzleistung>();
-    ErsatzleistungColumns().Load(*entry, *rs, bound);
+    ErsatzleistungColumns().Load(*entry, rs, bound);
     pListe.Add(entry);
   }
-  rs->Close();
+  rs.Close();
+}
+
+}  // namespace
+
+void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID) {
+  Fill(pListe, *OpenRows(pManager, pLohnzettelID));
+}
+
+void LoadErsatzleistungen(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID) {
+  auto rs = OpenRows(pManager, pLohnzettelID);
+  // An empty list that was never made stays unmade: emptying it changes nothing.
+  if (rs->Eof() && !pLohn.HasSV_EL_Laufend(pMonat)) return;
+  Fill(*pLohn.SV_EL_Laufend(pMonat), *rs);
 }
 
 void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string& pLohnzettelID, std::int16_t pMonat) {

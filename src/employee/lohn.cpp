@@ -62,6 +62,7 @@ void LLohn::LoadMitarbeiter(clsManager& Manager, const std::string& pMitarbeiter
   id_ = pMitarbeiterID;
   index_ = pIndex;
   const std::shared_ptr<clsManager> session = Manager.shared_from_this();
+  const detail::LoadSnapshot snapshot(Manager);  // all tables of the employee as of one moment
   laufbahn_->InitLaufbahnen(session, pMitarbeiterID);
   laufbahn_->Load();
   kinder_->InitKinder(session, pMitarbeiterID);
@@ -80,7 +81,10 @@ void LLohn::Update(clsManager& Manager, int pUpdate, std::int16_t pMonat) {
   if (On(pUpdate, ucTablePDFEncrypt)) SavePDFEncrypt(Manager, *this, id_);
 }
 
-void LLohn::Refresh(clsManager& Manager, int pUpdate) { LoadTables(Manager, *this, id_, pUpdate); }
+void LLohn::Refresh(clsManager& Manager, int pUpdate) {
+  const detail::LoadSnapshot snapshot(Manager);
+  LoadTables(Manager, *this, id_, pUpdate);
+}
 
 std::string LLohn::BeitragskontoID(clsManager& Manager, std::int32_t pZeitraum) const {
   auto rs = PayrollStore(Manager).OpenRecordset("SELECT * FROM [Mitarbeiter_Beitragskonto] WHERE [MitarbeiterID]=" +

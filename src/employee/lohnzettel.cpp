@@ -296,8 +296,8 @@ void LoadLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
     LohnzettelMonth row{&pLohn, month};
     LohnzettelColumns().Load(row, *rs, bound);
     std::string row_id = SqlID(ToText(rs->Fields("ID")));
-    LoadErsatzleistungen(pManager, *pLohn.SV_EL_Laufend(month), row_id);
-    LoadKurzarbeit(pManager, *pLohn.Kurzarbeit(month), row_id);
+    LoadErsatzleistungen(pManager, pLohn, static_cast<std::int16_t>(month), row_id);
+    LoadKurzarbeit(pManager, pLohn, static_cast<std::int16_t>(month), row_id);
   }
   rs->Close();
 }

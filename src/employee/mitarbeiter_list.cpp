@@ -64,6 +64,7 @@ void clsMitarbeiter::Load(std::int16_t pFilterAbrechnungsjahr, eSortOrderMitarbe
     throw Error("clsMitarbeiter.Load: no current employer is selected (AktMandant is not set); call "
                 "ChangeAktMandant first");
   StoreSession& db = modDatabase::PayrollStore(*manager);
+  const detail::LoadSnapshot snapshot(*manager);  // every employee as the store stood at the start
   auto employees = db.OpenRecordset("SELECT * FROM [Mitarbeiter] WHERE [MandantenID]=" +
                                     SqlID(manager->AktMandant()->ID()) + " ORDER BY " + SortText(pSortOrder));
   auto career = db.OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] ORDER BY [Datum] DESC, [Nr] DESC");

@@ -13,6 +13,16 @@ namespace ormelix::detail {
 // The StoreSession of the session's payroll store (AktDB); Error when none is set.
 StoreSession& PayrollStore(const clsManager& manager);
 
+// Read snapshots of both stores of the session (those it has) for a load of many
+// rows: see StoreReadSnapshot.
+struct LoadSnapshot {
+  explicit LoadSnapshot(const clsManager& manager)
+      : payroll(manager.AktDB() ? &manager.AktDB()->Session() : nullptr),
+        reference(manager.ImportDB() ? &manager.ImportDB()->Session() : nullptr) {}
+  StoreReadSnapshot payroll;
+  StoreReadSnapshot reference;
+};
+
 // A statement opened forward-only and read-only (a load), or dynamic and
 // optimistic (a save).
 std::unique_ptr<Recordset> OpenRead(const clsManager& manager, const std::string& sql);

@@ -1,6 +1,7 @@
 // Mitarbeiter_Lohnzettel_Kurzarbeit: at most one row per monthly pay row, keyed by
 // LohnzettelID, loaded and saved with the pay month.
 #include "../session/store_access.h"
+#include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
 #include "ormelix/shorttime/kurzarbeit.h"
 #include "ormelix/store/value_helpers.h"
@@ -87,6 +88,12 @@ const ColumnSet<LLohn_Kurzarbeit>& KurzarbeitColumns() {
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
   auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
   if (!rs->Eof()) KurzarbeitColumns().Load(pKurzarbeit, *rs);
+  rs->Close();
+}
+
+void LoadKurzarbeit(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID) {
+  auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
+  if (!rs->Eof()) KurzarbeitColumns().Load(*pLohn.Kurzarbeit(pMonat), *rs);
   rs->Close();
 }
 

@@ -106,6 +106,14 @@ class Backend {
   // locked, moved or gone fails here with a StoreError. CommitWrite makes the
   // writes since BeginWrite durable together; RollbackWrite drops them and does
   // nothing when no transaction is open (it also serves unwinding).
+  // A read transaction around many reads, as the session's StoreReadSnapshot
+  // asks for it (only the outermost scope reaches the backend): the reads see one
+  // state of the store, and its read lock is taken once for all of them instead of
+  // once per statement. A write transaction begun meanwhile ends it first. A
+  // backend without it reads statement by statement.
+  virtual void BeginRead() {}
+  virtual void EndRead() {}
+
   virtual void BeginWrite() = 0;
   virtual void CommitWrite() = 0;
   virtual void RollbackWrite() = 0;

@@ -80,6 +80,28 @@ void StoreWriteTransaction::Commit() {
   }
 }
 
+StoreReadSnapshot::StoreReadSnapshot(StoreSession* session) : session_(session) {
+  if (!session_ || !session_->backend_->IsOpen()) {
+    session_ = nullptr;
+    return;
+  }
+  outermost_ = session_->read_depth_ == 0;
+  if (outermost_) session_->backend_->BeginRead();
+  ++session_->read_depth_;
+}
+
+StoreReadSnapshot::~StoreReadSnapshot() {
+  if (!session_) return;
+  if (session_->read_depth_ > 0) --session_->read_depth_;
+  if (!outermost_) return;
+  // Nothing was written under the snapshot itself; a failure to end it loses
+  // nothing, and the connection ends it when it closes.
+  try {
+    session_->backend_->EndRead();
+  } catch (...) {
+  }
+}
+
 std::shared_ptr<StoreConnection> StoreConnection::Open(const std::string& path, const std::string& connect) {
   auto backend = detail::MakeBackend(connect, path);
   backend->Open(path, connect);

@@ -37,6 +37,24 @@ TEST(LLohn, MonthIndicesOutsideTheirRangeFailNamingPropertyAndIndex) {
   EXPECT_NO_THROW(lohn.ZSL_Betrag(6, 5, 0) = 1);
 }
 
+// A load makes a month's short-time record or benefit list only where the store
+// has rows for it; the others come fresh at their first use, as if made with the
+// employee, and a list the host filled is emptied by a load as before.
+TEST_F(LohnTest, MonthlyRecordsWithoutRowsStayAsIfNewAndAFilledListIsEmptiedByALoad) {
+  std::string id = AddEmployee("Huber");
+  std::string march = AddPayRow(id, 202403);
+  AddPayRow(id, 202404);
+  test::AddRow(db, "Mitarbeiter_Lohnzettel_EL", {{"LohnzettelID", march}, {"Zeitraum", 202402}, {"SVTage", 3}});
+  auto lohn = std::make_shared<LLohn>();
+  lohn->SV_EL_Laufend(4)->Add(std::make_shared<LLohn_Ersatzleistung>());  // the host's, before the load
+  lohn->LoadMitarbeiter(*manager, id, 1);
+  EXPECT_EQ(lohn->SV_EL_Laufend(3)->Count(), 1);
+  EXPECT_EQ(lohn->SV_EL_Laufend(4)->Count(), 0);  // emptied: the pay row has none
+  EXPECT_EQ(lohn->SV_EL_Laufend(5)->Count(), 0);
+  EXPECT_FALSE(lohn->Kurzarbeit(3)->IsKurzarbeit);
+  EXPECT_EQ(lohn->Kurzarbeit(3), lohn->Kurzarbeit(3));
+}
+
 TEST(LLohn, MonthlyChildrenExistForMonthsOneToTwelveAndAreTheSameEachTime) {
   LLohn lohn;
   EXPECT_EQ(lohn.ID(), "");

@@ -218,3 +218,32 @@ TEST_F(StoreBeforeUniqueKeys, WithTwoRowsOfOneMonthOpensKeepsThemAndTriesAgainLa
 }
 
 }  // namespace
+
+namespace {
+
+// A load's reads see the store as it stood when the load began, and a save made
+// while they run is durable at its own commit, not at the end of the reads.
+TEST_F(WriteTransactionTest, AReadSnapshotSeesOneStateAndAWriteWithinItIsDurableAtOnce) {
+  AddFolder(db, "first");
+  auto other = StoreConnection::Open(path);
+  {
+    StoreReadSnapshot snapshot(&db->Session());
+    {
+      StoreReadSnapshot inner(&db->Session());  // nested: the outer one decides
+      EXPECT_EQ(Folders(db), 1);
+    }
+    AddFolder(other, "by another program");
+    EXPECT_EQ(Folders(db), 1);  // still the state at the start
+    {
+      StoreWriteTransaction save(db->Session());
+      AddFolder(db, "own save");
+      save.Commit();
+    }
+    EXPECT_EQ(Folders(other), 3);  // the save is in the store before the snapshot ends
+    EXPECT_EQ(Folders(db), 3);     // and the reads after it see the store as it is
+  }
+  EXPECT_EQ(Folders(db), 3);
+  StoreReadSnapshot on_nothing(nullptr);  // no store: nothing to do
+}
+
+}  // namespace

@@ -48,21 +48,32 @@ enum eUpdateConstants {
   ucTablePDFEncrypt = 512
 };
 
-// Twelve children of one kind, one per month, created with their owner.
+// Twelve children of one kind, one per month. Each is made at its first use (a
+// getter, or a load that finds a row for it) rather than with its owner, in its
+// initial state all the same: most employees have no short-time work and no
+// replacement benefit in most months, and a year of empty records would cost
+// kilobytes per employee. Once made, the getter hands out the same object.
 template <class T>
 class MonthlyChildren {
  public:
-  explicit MonthlyChildren(const char* name) : name_(name) {
-    for (auto& item : items_) item = std::make_shared<T>();
-  }
+  explicit MonthlyChildren(const char* name) : name_(name) {}
   // Null for month 0; std::out_of_range outside 0..12.
   std::shared_ptr<T> operator()(int month) const {
     if (month < 0 || month > 12) detail::IndexOutOfRange(name_, month, 0, 12);
-    return month == 0 ? nullptr : items_[static_cast<std::size_t>(month - 1)];
+    if (month == 0) return nullptr;
+    if (!items_) items_ = std::make_unique<Items>();
+    std::shared_ptr<T>& item = (*items_)[static_cast<std::size_t>(month - 1)];
+    if (!item) item = std::make_shared<T>();
+    return item;
+  }
+  // Whether the child of a month (1..12) has been made.
+  bool Made(int month) const {
+    return items_ && month >= 1 && month <= 12 && (*items_)[static_cast<std::size_t>(month - 1)] != nullptr;
   }
 
  private:
-  std::array<std::shared_ptr<T>, 12> items_;
+  using Items = std::array<std::shared_ptr<T>, 12>;
+  mutable std::unique_ptr<Items> items_;  // made with the first child
   const char* name_;
 };
 
@@ -94,6 +105,9 @@ class LLohn {
   std::shared_ptr<LLohn_PendlerAR> PendlerAR(int pIndex) const { return pendler_ar_(pIndex); }
   std::shared_ptr<LLohn_Ersatzleistungen> SV_EL_Laufend(int pIndex) const { return sv_el_laufend_(pIndex); }
   std::shared_ptr<LLohn_Kurzarbeit> Kurzarbeit(int pIndex) const { return kurzarbeit_(pIndex); }
+  // Library-internal: whether SV_EL_Laufend(pIndex) has been made (by its getter or
+  // a load), so that a load without rows for the month leaves it unmade.
+  bool HasSV_EL_Laufend(int pIndex) const { return sv_el_laufend_.Made(pIndex); }
 
   // Loads the employee pMitarbeiterID for the manager's AktJahr: identity, career,
   // children, then the tables in the order master record, bank details, wage-type

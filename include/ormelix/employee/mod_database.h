@@ -90,6 +90,9 @@ void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 // order of their periods (the list is emptied first). Two benefits of one period
 // cannot both be held: the second fails the list's Add.
 void LoadErsatzleistungen(clsManager& pManager, LLohn_Ersatzleistungen& pListe, const std::string& pLohnzettelID);
+// The same into SV_EL_Laufend(pMonat) of the employee, as the pay record's load
+// does it: a list not made yet is made only when the pay row has benefits.
+void LoadErsatzleistungen(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID);
 // Deletes every replacement benefit of the pay row and inserts SV_EL_Laufend(pMonat)
 // anew (each row gets a new ID; the objects keep the IDs of their load). An empty
 // list leaves the pay row with none. A benefit with an amount that is no finite
@@ -104,6 +107,8 @@ void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const
 // Reads the short-time row of the pay row into the record; without a row the
 // record stays as it is.
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);
+// The same into Kurzarbeit(pMonat) of the employee, made only when there is a row.
+void LoadKurzarbeit(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID);
 // Writes the record to the short-time row of the pay row, inserting it when there
 // is none. StundenVorKurzarbeit goes in as its getter gives it.
 void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID);

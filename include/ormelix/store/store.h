@@ -38,8 +38,29 @@ class StoreSession {
 
  private:
   friend class StoreWriteTransaction;
+  friend class StoreReadSnapshot;
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  // open StoreWriteTransaction scopes
+  int read_depth_ = 0;   // open StoreReadSnapshot scopes
+};
+
+// Reads of one scope see one state of the store: a load of many employees reads
+// each of them as the store stood at the start of the load, not some before and
+// some after another program's save, and the store's read lock is taken once for
+// the whole load instead of once per statement. Scopes nest; the outermost one
+// decides. A write within the scope ends the snapshot (the write is made durable
+// by its own transaction), and the reads after it see the store as it is.
+class StoreReadSnapshot {
+ public:
+  // Nothing happens for a closed store: the reads fail on their own.
+  explicit StoreReadSnapshot(StoreSession* session);
+  ~StoreReadSnapshot();
+  StoreReadSnapshot(const StoreReadSnapshot&) = delete;
+  StoreReadSnapshot& operator=(const StoreReadSnapshot&) = delete;
+
+ private:
+  StoreSession* session_;
+  bool outermost_ = false;
 };
 
 // One write transaction of a session: what is read and written between its start

@@ -159,6 +159,7 @@ class SqliteBackend final : public Backend {
 
   void Close() override {
     joined_ = false;
+    reading_ = false;
     if (db_ && HasMoved()) {
       // Closing would delete the log by its name, which may be another file's now.
       if (!InAutocommit()) sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
@@ -178,12 +179,26 @@ class SqliteBackend final : public Backend {
       throw StoreError("the store is open read-only; nothing was written", path_,
                        "it was opened with 'readonly' in its connect text");
     RequireInPlace();
+    // A read snapshot ends here: the write needs a transaction of its own, so
+    // that its Commit makes it durable at once.
+    if (std::exchange(reading_, false) && !InAutocommit()) RunControl("COMMIT");
     // A transaction the host began by its own statement (BEGIN) is joined and
     // left for the host to end.
     joined_ = !InAutocommit();
     if (joined_) return;
     RunControl("BEGIN IMMEDIATE");
     RequireInPlace();  // the file may have gone while the lock was awaited
+  }
+
+  void BeginRead() override {
+    if (!db_ || !InAutocommit()) return;  // within a transaction the reads are in one already
+    RunControl("BEGIN");
+    reading_ = true;
+  }
+
+  void EndRead() override {
+    if (!std::exchange(reading_, false) || !db_ || InAutocommit()) return;
+    RunControl("COMMIT");
   }
 
   void CommitWrite() override {
@@ -489,6 +504,7 @@ class SqliteBackend final : public Backend {
   std::string connect_;
   ConnectOptions options_;
   bool joined_ = false;  // the write transaction is the host's own
+  bool reading_ = false;  // a read snapshot (BeginRead) is open
   std::unordered_map<std::string, CachedStatement> statements_;
   std::list<std::string> order_;  // oldest first, for eviction
 };
