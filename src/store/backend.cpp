@@ -1,6 +1,7 @@
 #include "backend.h"
 
 #include "ormelix/error.h"
+#include "ormelix/store/location.h"
 #include "ormelix/text.h"
 
 namespace ormelix::detail {
@@ -51,7 +52,18 @@ ConnectOptions ParseConnect(const std::string& connect, const std::string& path)
   auto take = [&] {
     std::string folded = FoldCase(TrimBlanks(word));
     word.clear();
-    if (folded.empty() || folded == "sqlite") return;
+    if (folded.empty()) return;
+    if (folded == "sqlite" || folded == "postgres" || folded == "postgresql") {
+      options.backend = folded == "sqlite" ? "sqlite" : "postgres";
+      return;
+    }
+    if (folded.rfind("statement_cache=", 0) == 0) {
+      std::string number = folded.substr(16);
+      if (!number.empty() && number.size() <= 6 && number.find_first_not_of("0123456789") == std::string::npos) {
+        options.statement_cache = static_cast<std::size_t>(std::stoul(number));
+        return;
+      }
+    }
     if (folded == "readonly" || folded == "read-only") {
       options.read_only = true;
       return;
@@ -67,7 +79,7 @@ ConnectOptions ParseConnect(const std::string& connect, const std::string& path)
     }
     throw StoreError("unknown store kind or option", path,
                      "the connect text '" + connect + "' holds '" + folded +
-                         "'; expected sqlite, readonly and busy_timeout=MILLISECONDS");
+                         "'; expected sqlite or postgres, readonly, busy_timeout=MILLISECONDS, statement_cache=N");
   };
   for (char c : connect) {
     if (c == ';' || c == ',') take();
@@ -78,7 +90,13 @@ ConnectOptions ParseConnect(const std::string& connect, const std::string& path)
 }
 
 std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::string& path) {
-  ParseConnect(connect, path);  // sqlite is the one backend of this build
+  ConnectOptions options = ParseConnect(connect, path);
+  bool server = IsServerLocation(path);
+  if (server) return MakePostgresBackend();
+  if (options.backend == "postgres")
+    throw StoreError("cannot open store", path,
+                     "the connect text asks for PostgreSQL, but the location is no connection string "
+                     "(postgres://user@host:port/database or host=... dbname=...)");
   return MakeSqliteBackend();
 }
 

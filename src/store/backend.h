@@ -129,6 +129,8 @@ class Backend {
   // The value as the store would hand it back from a column of that affinity.
   virtual Variant Normalize(const Variant& value, Affinity affinity) const = 0;
 
+  SqlDialect Dialect() const { return dialect_; }
+
   // Translation of the domain's SQL, cached per distinct text.
   const TranslatedSql& Translate(std::string_view jet_sql);
 
@@ -167,19 +169,23 @@ class Backend {
   const TranslatedSql& TranslateAnew(std::string_view jet_sql);
 };
 
-// What the connect text of a store asks for: the backend ("sqlite", the default)
-// and options ("readonly", "busy_timeout=MS"), separated by ';' or ','.
-// StoreError naming the path for anything else.
+// What the connect text of a store asks for: the backend ("sqlite", the default
+// for a file; "postgres" for a connection string, which needs no word) and options
+// ("readonly", "busy_timeout=MS"; "statement_cache=N", the prepared statements a
+// PostgreSQL connection keeps, 0 for none), separated by ';' or ','. StoreError
+// naming the path for anything else.
 struct ConnectOptions {
   std::string backend = "sqlite";
   bool read_only = false;
   // How long a statement waits for another program's lock before it fails.
   int busy_timeout_ms = 5000;
+  std::size_t statement_cache = 256;
 };
 ConnectOptions ParseConnect(const std::string& connect, const std::string& path);
 
 // A backend for the connect text; StoreError for one this build does not have.
 std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::string& path);
 std::shared_ptr<Backend> MakeSqliteBackend();
+std::shared_ptr<Backend> MakePostgresBackend();
 
 }  // namespace ormelix::detail

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <sstream>
+#include <unordered_map>
 
 #include "backend.h"
 #include "ormelix/error.h"
@@ -177,9 +178,39 @@ std::string SchemaDdl(StoreKind kind, std::string_view dialect) {
   return ddl;
 }
 
+namespace detail {
+
+std::string_view CanonicalIdentifier(std::string_view name) {
+  static const std::unordered_map<std::string, std::string> names = [] {
+    std::unordered_map<std::string, std::string> map;
+    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference}) {
+      for (const SchemaTable& table : SchemaTables(kind)) {
+        map.emplace(FoldCase(table.name), table.name);
+        for (const SchemaColumn& column : table.columns) map.emplace(FoldCase(column.name), column.name);
+      }
+    }
+    map.emplace("id", "ID");
+    map.emplace("nr", "Nr");
+    return map;
+  }();
+  auto found = names.find(FoldCase(name));
+  return found == names.end() ? name : std::string_view(found->second);
+}
+
+}  // namespace detail
+
 StoreConnectionPtr CreateStore(const std::string& path, StoreKind kind, const std::string& connect) {
   std::shared_ptr<detail::Backend> backend = detail::MakeBackend(connect, path);
   backend->Open(path, connect, /*create=*/true);
+  if (backend->Dialect() == detail::SqlDialect::Postgres) {
+    try {
+      backend->ExecuteNative("BEGIN;\n" + SchemaDdl(kind, "postgresql") + "COMMIT;");
+    } catch (...) {
+      backend->Close();
+      throw;
+    }
+    return std::make_shared<StoreConnection>(std::make_shared<StoreSession>(std::move(backend)));
+  }
   try {
     backend->ExecuteNative("BEGIN;\n" + SchemaDdl(kind, "sqlite") + "PRAGMA user_version=" +
                            std::to_string(detail::kSqliteStoreVersion) + ";\nCOMMIT;");

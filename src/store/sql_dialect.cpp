@@ -132,6 +132,25 @@ std::vector<Token> Tokenize(std::string_view sql) {
   return tokens;
 }
 
+// A word followed by '(' names a function and stays bare.
+bool IsCall(const std::vector<Token>& tokens, std::size_t i) {
+  for (std::size_t j = i + 1; j < tokens.size(); ++j) {
+    if (tokens[j].type == Tok::Space) continue;
+    return tokens[j].type == Tok::Symbol && tokens[j].text == "(";
+  }
+  return false;
+}
+
+std::string AsciiUpper(std::string_view word);
+
+bool NextIsLike(const std::vector<Token>& tokens, std::size_t i) {
+  for (std::size_t j = i + 1; j < tokens.size(); ++j) {
+    if (tokens[j].type == Tok::Space) continue;
+    return tokens[j].type == Tok::Word && AsciiUpper(tokens[j].text) == "LIKE";
+  }
+  return false;
+}
+
 std::string AsciiUpper(std::string_view word) {
   std::string out(word);
   for (char& ch : out)
@@ -146,7 +165,8 @@ bool IsKeyword(const std::string& upper) {
       "SELECT", "FROM",  "WHERE", "AND",   "OR",    "NOT",  "ORDER", "BY",    "ASC",
       "DESC",   "AS",    "INNER", "LEFT",  "RIGHT", "OUTER", "JOIN", "ON",    "DELETE",
       "INSERT", "INTO",  "VALUES", "UPDATE", "SET",  "NULL", "IS",   "IN",    "LIKE",
-      "DISTINCT", "GROUP", "COUNT", "BETWEEN", "LOWER"};
+      "DISTINCT", "GROUP", "COUNT", "BETWEEN", "LOWER", "HAVING", "ALL", "EXISTS", "CASE",
+      "WHEN", "THEN", "ELSE", "END", "UNION", "CROSS", "FULL", "LIMIT", "OFFSET", "ESCAPE"};
   for (const char* keyword : kKeywords)
     if (upper == keyword) return true;
   return false;
@@ -156,40 +176,76 @@ struct Emitter {
   SqlDialect dialect;
   std::string out;
 
+  // PostgreSQL tells quoted names by case: a name of the schema is written as the
+  // schema has it, however the statement spells it.
   void Identifier(std::string_view name) {
     if (!out.empty() && (std::isalnum(static_cast<unsigned char>(out.back())) || out.back() == '_'))
       out += ' ';
-    out += QuoteIdentifier(name);
+    out += QuoteIdentifier(dialect == SqlDialect::Postgres ? CanonicalIdentifier(name) : name);
   }
 };
 
-// Finds the closing parenthesis of each LCASE(...) and UCASE(...) call and puts
-// the store's text order after it.
+// Finds the parentheses of each LCASE(...) and UCASE(...) call and gives the call
+// the store's text order. On SQLite the result of the registered function is a
+// plain text: the order goes after the call, so that LCASE(a)=LCASE(b) compares
+// as a=b does. On PostgreSQL lower() and upper() fold by the collation of their
+// argument (which for a literal is the database's, perhaps "C", which knows no
+// umlauts): the order goes onto the argument.
 class CaseCalls {
  public:
-  explicit CaseCalls(bool active) : active_(active) {}
+  explicit CaseCalls(SqlDialect dialect) : postgres_(dialect == SqlDialect::Postgres) {}
 
-  void Word(const std::string& upper) { called_ = active_ && (upper == "LCASE" || upper == "UCASE"); }
+  void Word(const std::string& upper) { called_ = upper == "LCASE" ? Lower : upper == "UCASE" ? Upper : None; }
+
+  // The function's name as the dialect has it.
+  static const char* Name(bool lower, SqlDialect dialect) {
+    if (dialect == SqlDialect::Sqlite) return lower ? "LCASE" : "UCASE";
+    return lower ? "lower" : "replace(upper";
+  }
 
   void Symbol(std::string_view symbol, std::string& out) {
     if (symbol == "(") {
       ++depth_;
-      if (called_) calls_.push_back(depth_);
+      out += '(';
+      if (called_ != None) {
+        calls_.push_back({depth_, called_});
+        if (postgres_) out += called_ == Upper ? "replace((" : "(";
+      }
     } else if (symbol == ")") {
-      if (!calls_.empty() && calls_.back() == depth_) {
-        out += std::string(" COLLATE ") + kTextCollation;
+      if (!calls_.empty() && calls_.back().depth == depth_) {
+        out += Closing(calls_.back().kind);
         calls_.pop_back();
+      } else {
+        out += ')';
       }
       --depth_;
+    } else {
+      out += symbol;
     }
-    called_ = false;
+    called_ = None;
   }
 
  private:
-  bool active_;
-  bool called_ = false;
+  enum Kind { None, Lower, Upper };
+  struct Call {
+    int depth;
+    Kind kind;
+  };
+
+  // PostgreSQL's upper() makes SS of ß, which the store's order tells from ß
+  // ('Straße' <> 'STRASSE'); ß is kept out of its way, as SQLite's UCASE keeps it.
+  // replace() wants a deterministic order ("C") around it.
+  std::string Closing(Kind kind) const {
+    std::string order = std::string(" COLLATE ") + (postgres_ ? QuoteIdentifier(kTextCollation) : kTextCollation);
+    if (!postgres_) return ")" + order;
+    if (kind == Lower) return ")" + order + ")";
+    return ") COLLATE \"C\", 'ß', chr(1))" + order + ") COLLATE \"C\", chr(1), 'ß')" + order;
+  }
+
+  bool postgres_;
+  Kind called_ = None;
   int depth_ = 0;
-  std::vector<int> calls_;  // depths of the open calls
+  std::vector<Call> calls_;  // the open calls
 };
 
 // The value of a 'text' literal: between the quotes, a doubled quote standing for
@@ -347,17 +403,14 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   bool bind = false;
   auto literal = [&](Variant value, const std::string& text) {
     if (bind) {
-      emit.out += '?';
       result.params.push_back(std::move(value));
+      emit.out += dialect == SqlDialect::Postgres ? "$" + std::to_string(result.params.size()) : "?";
     } else {
       emit.out += text;
     }
   };
 
-  // On SQLite the result of LCASE and UCASE is a plain text without the columns'
-  // text order; the order is put back after the call, so that LCASE(a)=LCASE(b)
-  // compares as a=b does (and as PostgreSQL's lower() does, which keeps it).
-  CaseCalls case_calls{dialect == SqlDialect::Sqlite};
+  CaseCalls case_calls{dialect};
 
   const Token* previous = nullptr;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -374,11 +427,14 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
           literal(Variant(static_cast<std::int64_t>(0)), "0");
         } else if (upper == "TRUE") {
           literal(Variant(static_cast<std::int64_t>(-1)), "-1");
-        } else if (dialect == SqlDialect::Postgres && upper == "LCASE") {
-          emit.out += "lower";
-        } else if (dialect == SqlDialect::Postgres && upper == "UCASE") {
-          emit.out += "upper";
-        } else if (dialect == SqlDialect::Postgres && !IsKeyword(upper)) {
+        } else if (dialect == SqlDialect::Postgres && (upper == "LCASE" || upper == "UCASE")) {
+          emit.out += CaseCalls::Name(upper == "LCASE", dialect);
+        } else if (dialect == SqlDialect::Postgres && (upper == "LIKE" || (upper == "NOT" && NextIsLike(tokens, i)))) {
+          // The text order is nondeterministic, which PostgreSQL's LIKE refuses;
+          // LIKE compares as on SQLite: ASCII letters without regard to case.
+          if (upper == "NOT") emit.out += "COLLATE \"C\" NOT";
+          else emit.out += previous && AsciiUpper(previous->text) == "NOT" ? "ILIKE" : "COLLATE \"C\" ILIKE";
+        } else if (dialect == SqlDialect::Postgres && !IsKeyword(upper) && !IsCall(tokens, i)) {
           emit.Identifier(token.text);
         } else {
           emit.out += token.text;
@@ -425,7 +481,6 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
       case Tok::Semicolon:
         break;
       case Tok::Symbol:
-        emit.out += token.text;
         case_calls.Symbol(token.text, emit.out);
         break;
     }

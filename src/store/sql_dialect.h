@@ -17,7 +17,7 @@ enum class SqlDialect { Sqlite, Postgres };
 
 struct TranslatedSql {
   std::string text;              // in the backend's dialect
-  std::vector<Variant> params;   // bound to the ? placeholders in order
+  std::vector<Variant> params;   // bound to the placeholders in order (? on SQLite, $n on PostgreSQL)
   std::string base_table;        // for "SELECT * FROM <one table> ...": that table, else ""
   bool is_select = false;
 };
@@ -37,6 +37,10 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect);
 
 // Quotes an identifier for the dialect ("Name", with inner quotes doubled).
 std::string QuoteIdentifier(std::string_view name);
+
+// The name as the schema of either store spells it (a table or a column, found
+// without regard to case, umlauts included); any other name as it stands.
+std::string_view CanonicalIdentifier(std::string_view name);
 
 // True for the ID form of this store: {8-4-4-4-12} hex digits, any case.
 bool IsGuidText(std::string_view text);

@@ -192,7 +192,7 @@ TEST_F(LaufbahnLoadTest, UpdateBefWritesTheBefFiguresWithTheirCrossings) {
   EXPECT_FALSE(career->UpdateBef(nullptr));
   LLohn_Laufbahnen unbound;
   EXPECT_FALSE(unbound.UpdateBef(step));
-  RefuseRows("Mitarbeiter_Laufbahn", "1");
+  RefuseRows("Mitarbeiter_Laufbahn", "1=1");
   EXPECT_FALSE(career->UpdateBef(step));  // the store refuses: False, no failure
   db->Session().ExecuteSql("DELETE * FROM [Mitarbeiter_Laufbahn]");
   EXPECT_FALSE(career->UpdateBef(step));  // the row is gone

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <string>
 
@@ -63,17 +62,9 @@ class EmployeeTest : public ::testing::Test {
     return rs->Fields(column).ValueOrEmpty();
   }
   // Makes the store refuse to insert or change a row of the table for which the
-  // condition on NEW holds (two triggers, put in through a connection of their
-  // own), so that a save fails at the step that writes such a value.
+  // condition on NEW holds, so that a save fails at the step that writes such a value.
   void RefuseRows(const std::string& table, const std::string& condition) {
-    sqlite3* raw = nullptr;
-    ASSERT_EQ(sqlite3_open(db->Session().StorePath().c_str(), &raw), SQLITE_OK);
-    for (const char* event : {"INSERT", "UPDATE"}) {
-      std::string sql = std::string("CREATE TRIGGER \"refuse_") + event + "\" BEFORE " + event + " ON \"" + table +
-                        "\" WHEN " + condition + " BEGIN SELECT RAISE(ABORT, 'refused by the test'); END";
-      EXPECT_EQ(sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(raw);
-    }
-    sqlite3_close(raw);
+    test::RefuseRows(db, table, condition);
   }
   Variant PayColumn(const std::string& employee, std::int32_t zeitraum, const std::string& column) {
     return Stored("Mitarbeiter_Lohnzettel",

@@ -133,6 +133,7 @@ TEST(OtherFiles, ADatabaseThatHoldsNoTableOfTheStoresIsLeftAsItIs) {
 }
 
 TEST(NewStores, AreMadeInTheCurrentLayout) {
+  ORMELIX_SQLITE_ONLY();
   test::TempDir dir;
   auto db = test::NewStore(dir);
   EXPECT_EQ(test::UserVersion(db->Session().StorePath()), 2);

@@ -1,5 +1,11 @@
 // Helpers of the test suites: scratch folders and fresh stores made from the
-// shipped schema.
+// shipped schema, on SQLite or, when the test run asks for it, on PostgreSQL.
+//
+// Every test binary runs twice under ctest: as it is (SQLite) and with
+// ORMELIX_TEST_BACKEND=postgres, where NewStore gives stores on the server that
+// ORMELIX_TEST_PG names (a connection string). Each binary gets a database of its
+// own on that server and each store a fresh schema in it, dropped when the
+// process ends. Without ORMELIX_TEST_PG the PostgreSQL run skips every test.
 #pragma once
 
 #include <filesystem>
@@ -27,7 +33,16 @@ class TempDir {
   std::filesystem::path path_;
 };
 
-// A fresh payroll (or reference) store in a file of the folder.
+// True in the run on PostgreSQL.
+bool OnPostgres();
+// The server of the PostgreSQL run (ORMELIX_TEST_PG), "" when none is named.
+std::string TestServer();
+// A location for a new store: a file of the folder on SQLite, a fresh schema of
+// the binary's database on PostgreSQL.
+std::string NewStoreLocation(const TempDir& dir, StoreKind kind = StoreKind::Payroll, const std::string& name = "");
+
+// A fresh payroll (or reference) store: a file of the folder, or on PostgreSQL a
+// fresh schema (name then only tells the stores of one test apart).
 StoreConnectionPtr NewStore(const TempDir& dir, StoreKind kind = StoreKind::Payroll,
                             const std::string& name = "");
 
@@ -38,4 +53,20 @@ std::string AddRow(const StoreConnectionPtr& db, const std::string& table,
 // Number of rows of a table (or of a WHERE clause on it).
 long CountRows(const StoreConnectionPtr& db, const std::string& table, const std::string& where = "");
 
+// Makes the store refuse to insert or change a row of the table for which the
+// condition on NEW holds (triggers, put in through a connection of their own), so
+// that a save fails at the step that writes such a value.
+void RefuseRows(const StoreConnectionPtr& db, const std::string& table, const std::string& condition);
+
+// Runs SQL of the server's own dialect on a PostgreSQL store's database, through a
+// connection of its own, in the store's schema; the first cell of the result.
+std::string RunOnServer(const std::string& location, const std::string& sql);
+
 }  // namespace ormelix::test
+
+// Skips a test that is about SQLite files (paths, raw sqlite3, old layouts) in the
+// PostgreSQL run, where it would only repeat the SQLite run.
+#define ORMELIX_SQLITE_ONLY()                                                 \
+  do {                                                                        \
+    if (::ormelix::test::OnPostgres()) GTEST_SKIP() << "a test of SQLite files"; \
+  } while (0)

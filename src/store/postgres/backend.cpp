@@ -1,0 +1,432 @@
+// The PostgreSQL backend: one connection, prepared statements cached by their
+// text, values sent and read in text form, booleans as smallint -1/0, dates as
+// day counts, the text order as the ICU collation the schema declares.
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <list>
+#include <unordered_map>
+
+#include "../backend.h"
+#include "connection.h"
+#include "handles.h"
+#include "ormelix/error.h"
+#include "ormelix/text.h"
+
+namespace ormelix::detail {
+
+namespace {
+
+using postgres::ConnectionHandle;
+using postgres::ResultHandle;
+using postgres::Server;
+
+// Type numbers of pg_type that the store's columns and expressions give.
+constexpr Oid kBool = 16, kInt8 = 20, kInt2 = 21, kInt4 = 23, kText = 25, kFloat4 = 700, kFloat8 = 701,
+              kBpchar = 1042, kVarchar = 1043, kNumeric = 1700, kUnknown = 0;
+
+Affinity AffinityOf(Oid type) {
+  switch (type) {
+    case kBool:
+    case kInt2:
+    case kInt4:
+    case kInt8:
+      return Affinity::Integer;
+    case kFloat4:
+    case kFloat8:
+    case kNumeric:
+      return Affinity::Real;
+    case kText:
+    case kBpchar:
+    case kVarchar:
+      return Affinity::Text;
+    default:
+      return Affinity::Any;
+  }
+}
+
+// A double as SQLite writes it into a text column ("2.5", "3.0", "1.0e+20"), so
+// that a number put into a text column reads back alike on both stores.
+std::string DoubleAsText(double value) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%.15g", value);
+  std::string text = buffer;
+  if (text.find_first_of(".ein") != std::string::npos) {
+    std::size_t e = text.find('e');
+    if (e != std::string::npos && text.find('.') == std::string::npos) text.insert(e, ".0");
+    return text;
+  }
+  return text + ".0";
+}
+
+std::string IntegerText(std::int64_t value) {
+  char buffer[24];
+  auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+  return std::string(buffer, end);
+}
+
+// A value as a column of that affinity holds it: a whole number in an integer
+// column (rounded half to even, as PostgreSQL rounds), a double in a real one, a
+// text in a text column. What cannot be converted stays, for the server to refuse.
+Variant StoredForm(const Variant& value, Affinity affinity) {
+  if (value.kind() == Variant::Boolean) return Variant(static_cast<std::int64_t>(value.AsBool() ? -1 : 0));
+  if (value.IsMissing()) return value;
+  double number = 0;
+  switch (affinity) {
+    case Affinity::Integer:
+      if (!value.TryNumber(number) || std::fabs(number) >= 9.2e18) return value;
+      return value.kind() == Variant::Integer ? value : Variant(static_cast<std::int64_t>(std::nearbyint(number)));
+    case Affinity::Real:
+      if (!value.TryNumber(number)) return value;
+      return Variant(number);
+    case Affinity::Text:
+    case Affinity::Any:
+      if (value.kind() == Variant::Integer) return Variant(IntegerText(value.AsInteger()));
+      if (value.kind() == Variant::Double) return Variant(DoubleAsText(value.AsDouble()));
+      return value;
+  }
+  return value;
+}
+
+// The text form of a parameter (Null as no text at all).
+struct ParamTexts {
+  std::vector<std::string> texts;
+  std::vector<const char*> values;
+
+  void Set(const std::vector<Variant>& params) {
+    texts.assign(params.size(), {});
+    values.assign(params.size(), nullptr);
+    for (std::size_t i = 0; i < params.size(); ++i) {
+      const Variant& value = params[i];
+      switch (value.kind()) {
+        case Variant::Empty:
+        case Variant::Null:
+          continue;
+        case Variant::Boolean:
+          texts[i] = value.AsBool() ? "-1" : "0";
+          break;
+        case Variant::Integer:
+          texts[i] = IntegerText(value.AsInteger());
+          break;
+        case Variant::Double:
+          texts[i] = FormatNumber(value.AsDouble());
+          break;
+        case Variant::Text:
+          texts[i] = value.AsText();
+          break;
+      }
+      values[i] = texts[i].c_str();
+    }
+  }
+};
+
+// The type a statement's parameter is declared with: numbers as what they are,
+// so that "[Gehalt]=100" compares numbers; texts and Null as unknown, which the
+// server reads as the type the place of the parameter wants.
+Oid DeclaredType(const Variant& value) {
+  switch (value.kind()) {
+    case Variant::Integer:
+    case Variant::Boolean:
+      return kInt8;
+    case Variant::Double:
+      return kFloat8;
+    default:
+      return kUnknown;
+  }
+}
+
+Variant Cell(const PGresult* result, int row, int column, Oid type) {
+  if (PQgetisnull(result, row, column)) return Variant::NullValue();
+  const char* text = PQgetvalue(result, row, column);
+  int length = PQgetlength(result, row, column);
+  switch (type) {
+    case kInt2:
+    case kInt4:
+    case kInt8: {
+      std::int64_t number = 0;
+      std::from_chars(text, text + length, number);
+      return Variant(number);
+    }
+    case kFloat4:
+    case kFloat8:
+    case kNumeric: {
+      double number = 0;
+      if (std::from_chars(text, text + length, number).ec != std::errc()) number = std::strtod(text, nullptr);
+      return Variant(number);
+    }
+    case kBool:
+      return Variant(static_cast<std::int64_t>(text[0] == 't' ? -1 : 0));
+    default:
+      return Variant(std::string(text, static_cast<std::size_t>(length)));
+  }
+}
+
+class PostgresBackend final : public Backend {
+ public:
+  PostgresBackend() : Backend(SqlDialect::Postgres) {}
+  ~PostgresBackend() override { Close(); }
+
+  void Open(const std::string& path, const std::string& connect, bool create) override {
+    Close();
+    ConnectOptions options = ParseConnect(connect, path);
+    server_ = Server::Of(path);
+    settings_.read_only = options.read_only && !create;
+    cache_limit_ = options.statement_cache;
+    conn_ = postgres::Connect(server_, settings_, create);
+    path_ = server_.shown;
+    connect_ = connect;
+  }
+
+  void Close() override {
+    statements_.clear();
+    order_.clear();
+    tables_.clear();
+    conn_.Reset();
+  }
+
+  bool IsOpen() const override { return static_cast<bool>(conn_); }
+  std::string Path() const override { return path_; }
+  std::string Connect() const override { return connect_; }
+
+  QueryResult Query(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    ResultHandle result = Run(sql.text, sql.params, jet_sql, /*declare=*/true);
+    return Fetch(result.get(), LayoutOf(sql.text, sql.params, result.get()));
+  }
+
+  std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    Statement& statement = Prepare(sql.text, sql.params, jet_sql, /*declare=*/true);
+    if (!statement.layout) {
+      ResultHandle description(PQdescribePrepared(conn_.get(), statement.name.c_str()));
+      if (postgres::Failed(description.get())) Refused(jet_sql, description.get());
+      statement.layout = MakeLayout(description.get());
+    }
+    std::shared_ptr<const ColumnLayout> layout = statement.layout;
+    if (cache_limit_ == 0) Forget(statement);
+    return layout;
+  }
+
+  long Execute(std::string_view jet_sql) override {
+    const TranslatedSql& sql = Translate(jet_sql);
+    ResultHandle result = Run(sql.text, sql.params, jet_sql, /*declare=*/true);
+    return Changes(result.get());
+  }
+
+  void ExecuteNative(const std::string& script) override {
+    RequireOpen(script);
+    ResultHandle result(PQexec(conn_.get(), script.c_str()));
+    if (postgres::Failed(result.get())) Refused(script, result.get());
+  }
+
+  QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
+                        const std::vector<Variant>& values) override {
+    std::string sql = "INSERT INTO " + QuoteIdentifier(table);
+    if (columns.empty()) {
+      sql += " DEFAULT VALUES";
+    } else {
+      std::string names, marks;
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        names += (i ? "," : "") + QuoteIdentifier(columns[i]);
+        marks += (i ? ",$" : "$") + std::to_string(i + 1);
+      }
+      sql += " (" + names + ") VALUES (" + marks + ")";
+    }
+    sql += " RETURNING *";
+    ResultHandle result = RunWrite(sql, values);
+    return Fetch(result.get(), LayoutOf(sql, values, result.get()));
+  }
+
+  void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
+                 const std::vector<Variant>& values) override {
+    if (columns.empty()) return;
+    std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
+    for (std::size_t i = 0; i < columns.size(); ++i)
+      sql += (i ? "," : "") + QuoteIdentifier(columns[i]) + "=$" + std::to_string(i + 1);
+    sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$" + std::to_string(columns.size() + 1);
+    std::vector<Variant> params = values;
+    params.push_back(row_key);
+    ResultHandle result = RunWrite(sql, params);
+    if (Changes(result.get()) == 0)
+      throw StoreError("row cannot be located for updating", sql,
+                       "the row " + row_key.Describe() + " of " + table + " has gone from the store");
+  }
+
+  void DeleteRow(const std::string& table, const Variant& row_key) override {
+    std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$1";
+    RunWrite(sql, {row_key});
+  }
+
+  Variant Normalize(const Variant& value, Affinity affinity) const override { return StoredForm(value, affinity); }
+
+ private:
+  struct Statement {
+    std::string name;                            // "" when not cached
+    std::list<std::string>::iterator position;
+    std::shared_ptr<const ColumnLayout> layout;  // made at the first fetch or describe
+    std::vector<Affinity> param_affinities;      // for writes: the columns' the parameters go into
+  };
+
+  void RequireOpen(std::string_view subject) {
+    if (!conn_) throw StoreError("the store is closed", std::string(subject));
+    // A connection the server dropped (a restart, an administrator) is made
+    // anew before the next statement; its prepared statements went with it.
+    if (PQstatus(conn_.get()) == CONNECTION_BAD) {
+      statements_.clear();
+      order_.clear();
+      PQreset(conn_.get());
+      if (PQstatus(conn_.get()) != CONNECTION_OK) Refused(subject, nullptr);
+      postgres::SetUpSession(conn_.get(), server_, settings_);
+    }
+  }
+
+  [[noreturn]] void Refused(std::string_view subject, const PGresult* result) {
+    postgres::ThrowRefused("statement refused by the store", subject, conn_.get(), result, server_);
+  }
+
+  static std::string KeyOf(const std::string& text, const std::vector<Variant>& params, bool declare) {
+    if (!declare) return text;
+    std::string key = text;
+    key += '\x1f';
+    for (const Variant& value : params) key += static_cast<char>('0' + DeclaredType(value) % 64);
+    return key;
+  }
+
+  // The prepared statement of a text (and of the types of its parameters),
+  // prepared at its first use and kept; the oldest goes when the cache is full.
+  Statement& Prepare(const std::string& text, const std::vector<Variant>& params, std::string_view subject,
+                     bool declare) {
+    RequireOpen(subject);
+    std::string key = KeyOf(text, params, declare);
+    auto found = statements_.find(key);
+    if (found != statements_.end()) return found->second;
+    if (cache_limit_ > 0 && statements_.size() >= cache_limit_) Forget(statements_.at(order_.front()));
+    std::vector<Oid> types(params.size(), kUnknown);
+    if (declare) std::transform(params.begin(), params.end(), types.begin(), DeclaredType);
+    std::string name = cache_limit_ > 0 ? "ormelix_" + std::to_string(++prepared_) : "";
+    ResultHandle result(PQprepare(conn_.get(), name.c_str(), text.c_str(), static_cast<int>(types.size()),
+                                  types.data()));
+    if (postgres::Failed(result.get())) Refused(subject, result.get());
+    order_.push_back(key);
+    Statement& statement = statements_[key];
+    statement.name = std::move(name);
+    statement.position = std::prev(order_.end());
+    return statement;
+  }
+
+  void Forget(Statement& statement) {
+    if (!statement.name.empty()) {
+      std::string sql = "DEALLOCATE " + statement.name;
+      ResultHandle ignored(PQexec(conn_.get(), sql.c_str()));
+    }
+    std::string key = *statement.position;
+    order_.erase(statement.position);
+    statements_.erase(key);
+  }
+
+  ResultHandle Execute(Statement& statement, const std::vector<Variant>& params, std::string_view subject) {
+    texts_.Set(params);
+    ResultHandle result(PQexecPrepared(conn_.get(), statement.name.c_str(), static_cast<int>(params.size()),
+                                       texts_.values.data(), nullptr, nullptr, 0));
+    if (postgres::Failed(result.get())) Refused(subject, result.get());
+    return result;
+  }
+
+  ResultHandle Run(const std::string& text, const std::vector<Variant>& params, std::string_view subject,
+                   bool declare) {
+    Statement& statement = Prepare(text, params, subject, declare);
+    ResultHandle result = Execute(statement, params, subject);
+    if (cache_limit_ == 0) Forget(statement);
+    return result;
+  }
+
+  // A write of the store layer's own: its parameters are declared by the
+  // columns they go into, and each value is sent in the form that column holds.
+  ResultHandle RunWrite(const std::string& text, const std::vector<Variant>& values) {
+    Statement& statement = Prepare(text, values, text, /*declare=*/false);
+    if (statement.param_affinities.size() != values.size()) {
+      ResultHandle description(PQdescribePrepared(conn_.get(), statement.name.c_str()));
+      if (postgres::Failed(description.get())) Refused(text, description.get());
+      statement.param_affinities.clear();
+      for (int i = 0; i < PQnparams(description.get()); ++i)
+        statement.param_affinities.push_back(AffinityOf(PQparamtype(description.get(), i)));
+    }
+    std::vector<Variant> stored(values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) stored[i] = StoredForm(values[i], statement.param_affinities[i]);
+    ResultHandle result = Execute(statement, stored, text);
+    if (cache_limit_ == 0) Forget(statement);
+    return result;
+  }
+
+  static long Changes(const PGresult* result) {
+    const char* count = PQcmdTuples(const_cast<PGresult*>(result));
+    return count && *count ? std::atol(count) : 0;
+  }
+
+  std::shared_ptr<const ColumnLayout> LayoutOf(const std::string& text, const std::vector<Variant>& params,
+                                               const PGresult* result) {
+    auto found = statements_.find(KeyOf(text, params, true));
+    if (found == statements_.end()) found = statements_.find(KeyOf(text, params, false));
+    if (found != statements_.end() && found->second.layout) return found->second.layout;
+    std::shared_ptr<const ColumnLayout> layout = MakeLayout(result);
+    if (found != statements_.end()) found->second.layout = layout;
+    return layout;
+  }
+
+  std::shared_ptr<const ColumnLayout> MakeLayout(const PGresult* result) {
+    std::vector<ColumnInfo> columns;
+    int count = PQnfields(result);
+    columns.reserve(count);
+    for (int i = 0; i < count; ++i)
+      columns.push_back({PQfname(result, i), TableName(PQftable(result, i)), AffinityOf(PQftype(result, i))});
+    return std::make_shared<const ColumnLayout>(std::move(columns));
+  }
+
+  // The name of a table by its number, from the catalogue, kept for the connection.
+  std::string TableName(Oid table) {
+    if (table == InvalidOid) return "";
+    auto found = tables_.find(table);
+    if (found != tables_.end()) return found->second;
+    std::string number = std::to_string(table);
+    const char* values[] = {number.c_str()};
+    ResultHandle result(PQexecParams(conn_.get(), "SELECT relname FROM pg_class WHERE oid = $1::oid", 1, nullptr,
+                                     values, nullptr, nullptr, 0));
+    std::string name = !postgres::Failed(result.get()) && PQntuples(result.get()) ? PQgetvalue(result.get(), 0, 0) : "";
+    return tables_.emplace(table, name).first->second;
+  }
+
+  QueryResult Fetch(const PGresult* result, std::shared_ptr<const ColumnLayout> layout) {
+    QueryResult out;
+    out.layout = std::move(layout);
+    int rows = PQntuples(result);
+    int count = PQnfields(result);
+    std::vector<Oid> types(count);
+    for (int i = 0; i < count; ++i) types[i] = PQftype(result, i);
+    out.cells = TakeSpare();
+    out.cells.reserve(static_cast<std::size_t>(rows) * count);
+    for (int row = 0; row < rows; ++row)
+      for (int column = 0; column < count; ++column) out.cells.push_back(Cell(result, row, column, types[column]));
+    return out;
+  }
+
+  Server server_;
+  postgres::SessionSettings settings_;
+  ConnectionHandle conn_;
+  std::string path_;
+  std::string connect_;
+  std::size_t cache_limit_ = 256;
+  long prepared_ = 0;
+  std::unordered_map<std::string, Statement> statements_;
+  std::list<std::string> order_;  // oldest first, for eviction
+  std::unordered_map<Oid, std::string> tables_;
+  ParamTexts texts_;
+};
+
+}  // namespace
+
+std::shared_ptr<Backend> MakePostgresBackend() { return std::make_shared<PostgresBackend>(); }
+
+}  // namespace ormelix::detail

@@ -1,0 +1,141 @@
+#include "connection.h"
+
+#include "ormelix/error.h"
+#include "ormelix/store/location.h"
+#include "ormelix/text.h"
+
+namespace ormelix::detail {
+std::string ConninfoOf(std::string_view location);
+std::string QuoteIdentifier(std::string_view name);
+}  // namespace ormelix::detail
+
+namespace ormelix::detail::postgres {
+
+namespace {
+
+// libpq says why a connection failed only in words; the SQLSTATE the server
+// sent with it is not handed out. The cases a user meets are told apart by the
+// server's words (its messages are in English on the servers we start; another
+// language gives the general code).
+std::string ConnectState(std::string_view message) {
+  auto has = [&](const char* words) { return message.find(words) != std::string_view::npos; };
+  if (has("password authentication failed") || has("no password supplied")) return "28P01";
+  if (has("database \"") && has("does not exist")) return "3D000";
+  if (has("role \"") && has("does not exist")) return "28000";
+  return "08001";
+}
+
+[[noreturn]] void ThrowCannotOpen(const Server& server, PGconn* conn) {
+  std::string message = server.Clean(conn ? PQerrorMessage(conn) : "out of memory");
+  throw StoreError("cannot open store", server.shown,
+                   message + " (SQLSTATE " + ConnectState(message) + ", server " + server.shown + ")");
+}
+
+ConnectionHandle Open(const std::string& conninfo) { return ConnectionHandle(PQconnectdb(conninfo.c_str())); }
+
+void Run(PGconn* conn, const std::string& sql, const Server& server) {
+  ResultHandle result(PQexec(conn, sql.c_str()));
+  if (Failed(result.get())) ThrowRefused("statement refused by the store", sql, conn, result.get(), server);
+}
+
+bool Exists(PGconn* conn, const std::string& sql, const Server& server) {
+  ResultHandle result(PQexec(conn, sql.c_str()));
+  if (Failed(result.get())) ThrowRefused("statement refused by the store", sql, conn, result.get(), server);
+  return PQntuples(result.get()) > 0;
+}
+
+// A new store's database, made through the maintenance database as createdb does.
+// UTF-8 and the C locale: the text columns carry the store's own order, so the
+// database's default order matters nowhere. A database made meanwhile by another
+// program (SQLSTATE 42P04) is as good.
+void CreateDatabase(const Server& server, PGconn* refused) {
+  std::string name = PQdb(refused) ? PQdb(refused) : "";
+  if (name.empty()) ThrowCannotOpen(server, refused);
+  ConnectionHandle admin = Open(WithLocationParameter(server.conninfo, "dbname", "postgres"));
+  if (PQstatus(admin.get()) != CONNECTION_OK) ThrowCannotOpen(server, admin.get());
+  std::string sql = "CREATE DATABASE " + QuoteIdentifier(name) +
+                    " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'";
+  ResultHandle result(PQexec(admin.get(), sql.c_str()));
+  const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
+  if (Failed(result.get()) && !(state && std::string_view(state) == "42P04"))
+    ThrowRefused("cannot create the store's database", sql, admin.get(), result.get(), server);
+}
+
+}  // namespace
+
+Server Server::Of(const std::string& location) {
+  Server server;
+  server.conninfo = ConninfoOf(location);
+  server.schema = LocationParameter(location, "schema");
+  server.shown = ShownLocation(location);
+  server.password = LocationParameter(location, "password");
+  return server;
+}
+
+std::string Server::Clean(std::string_view message) const {
+  std::string text;
+  for (char c : TrimBlanks(message)) {
+    bool blank = c == '\n' || c == '\r' || c == '\t' || c == ' ';
+    if (blank && (text.empty() || text.back() == ' ')) continue;
+    text += blank ? ' ' : c;
+  }
+  while (!text.empty() && text.back() == ' ') text.pop_back();
+  if (password.size() >= 3) {
+    for (std::size_t at; (at = text.find(password)) != std::string::npos;) text.replace(at, password.size(), "***");
+  }
+  return text;
+}
+
+ConnectionHandle Connect(const Server& server, const SessionSettings& settings, bool create) {
+  ConnectionHandle conn = Open(server.conninfo);
+  if (PQstatus(conn.get()) != CONNECTION_OK) {
+    if (!create || ConnectState(PQerrorMessage(conn.get())) != "3D000") ThrowCannotOpen(server, conn.get());
+    CreateDatabase(server, conn.get());
+    conn = Open(server.conninfo);
+    if (PQstatus(conn.get()) != CONNECTION_OK) ThrowCannotOpen(server, conn.get());
+  }
+  if (create && !server.schema.empty())
+    Run(conn.get(), "CREATE SCHEMA IF NOT EXISTS " + QuoteIdentifier(server.schema), server);
+  SetUpSession(conn.get(), server, settings);
+  if (!Exists(conn.get(), "SELECT current_schema() WHERE current_schema() IS NOT NULL", server))
+    throw StoreError("cannot open store", server.shown,
+                     "the database has no schema " + (server.schema.empty() ? "on its search path" : server.schema) +
+                         " (server " + server.shown + ")");
+  if (create && Exists(conn.get(), "SELECT 1 FROM pg_tables WHERE schemaname = current_schema()", server))
+    throw StoreError("cannot create store", server.shown,
+                     "the schema " + std::string(server.schema.empty() ? "of the database" : server.schema) +
+                         " holds tables already (server " + server.shown + ")");
+  return conn;
+}
+
+void SetUpSession(PGconn* conn, const Server& server, const SessionSettings& settings) {
+  std::string sql = "SET client_encoding TO 'UTF8'; SET lock_timeout TO " +
+                    std::to_string(settings.lock_timeout_ms) + ";";
+  if (!server.schema.empty()) sql += " SET search_path TO " + QuoteIdentifier(server.schema) + ";";
+  if (settings.read_only) sql += " SET default_transaction_read_only TO on;";
+  Run(conn, sql, server);
+}
+
+bool Failed(const PGresult* result) {
+  if (!result) return true;
+  ExecStatusType status = PQresultStatus(result);
+  return status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK;
+}
+
+void ThrowRefused(const char* what_failed, std::string_view subject, PGconn* conn, const PGresult* result,
+                  const Server& server) {
+  const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
+  std::string message;
+  if (result && PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY)) {
+    message = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
+    if (const char* detail = PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL)) message += " (" + std::string(detail) + ")";
+  } else {
+    message = result ? PQresultErrorMessage(result) : "";
+    if (message.empty()) message = PQerrorMessage(conn);
+  }
+  std::string code = state ? state : (PQstatus(conn) == CONNECTION_BAD ? "08006" : "XX000");
+  throw StoreError(what_failed, std::string(subject),
+                   server.Clean(message) + " (SQLSTATE " + code + ", server " + server.shown + ")");
+}
+
+}  // namespace ormelix::detail::postgres
