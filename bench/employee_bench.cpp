@@ -17,10 +17,18 @@
 // filters the year with hash maps of its own. When later work adds tables to the
 // employee load (password), the raw loader must read them too.
 //
+// The same load runs on PostgreSQL when ORMELIX_TEST_PG names a server (./dev
+// bench starts a throwaway one, reached over its Unix socket): the stores are
+// copied there, and the library's load (with its statement cache, and once
+// without) runs beside a raw libpq loader that prepares the same statements once
+// and reads the same rows in text form into the same plain structs.
+//
 // At the end the run prints the ratios: library / raw, 10,000 / 1,000, the first
 // load of a fresh session for both, and the heap bytes held per loaded LLohn
-// (glibc's mallinfo2 before and after a Load).
+// (glibc's mallinfo2 before and after a Load); on PostgreSQL library / libpq and
+// what the statement cache saves.
 #include <benchmark/benchmark.h>
+#include <libpq-fe.h>
 #include <malloc.h>
 #include <signal.h>
 #include <sqlite3.h>
@@ -28,6 +36,8 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
+#include <initializer_list>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -43,6 +53,8 @@
 #include "ormelix/employer/mandant.h"
 #include "ormelix/session/manager.h"
 #include "ormelix/store/date_helpers.h"
+#include "ormelix/store/copy.h"
+#include "ormelix/store/location.h"
 #include "ormelix/store/schema.h"
 #include "ormelix/store/value_helpers.h"
 
@@ -63,7 +75,43 @@ struct Store {
   std::string path;
   std::string reference;
   std::string employer;
+  std::string pg;            // the same stores on PostgreSQL, "" without a server
+  std::string pg_reference;
 };
+
+std::string PostgresServer() {
+  const char* server = std::getenv("ORMELIX_TEST_PG");
+  return server ? server : "";
+}
+
+// Runs one statement of PostgreSQL's own on a fresh connection (as the store's
+// schema, if the location names one); false when it fails.
+bool RunOnServer(const std::string& location, const std::string& sql) {
+  std::string schema = LocationParameter(location, "schema");
+  std::string conninfo = WithLocationParameter(location, "schema", "");
+  if (!schema.empty()) conninfo = WithLocationParameter(conninfo, "options", "-csearch_path=" + schema);
+  PGconn* conn = PQconnectdb(conninfo.c_str());
+  PGresult* result = PQstatus(conn) == CONNECTION_OK ? PQexec(conn, sql.c_str()) : nullptr;
+  bool ok = result && PQresultStatus(result) == PGRES_COMMAND_OK;
+  PQclear(result);
+  PQfinish(conn);
+  return ok;
+}
+
+// The stores copied to the server, into schemas of the database ormelix_bench.
+void CopyToPostgres(Store& store, int employees) {
+  std::string server = PostgresServer();
+  if (server.empty()) return;
+  std::string schema = "employees_" + std::to_string(employees);
+  std::string database = WithLocationParameter(server, "dbname", "ormelix_bench");
+  store.pg = WithLocationParameter(database, "schema", schema);
+  store.pg_reference = WithLocationParameter(database, "schema", schema + "_reference");
+  RunOnServer(store.pg, "DROP SCHEMA IF EXISTS " + schema + ", " + schema + "_reference CASCADE");
+  CopyStore(StoreConnection::Open(store.path), CreateStore(store.pg, StoreKind::Payroll), StoreKind::Payroll);
+  CopyStore(StoreConnection::Open(store.reference), CreateStore(store.pg_reference, StoreKind::Reference),
+            StoreKind::Reference);
+  RunOnServer(store.pg, "ANALYZE");
+}
 
 constexpr int kReasons = 12;  // exit reasons in the catalogue, codes 0 to 11
 
@@ -147,6 +195,7 @@ Store MakeStore(int employees) {
   }
   sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
   sqlite3_close(db);
+  CopyToPostgres(store, employees);
   return store;
 }
 
@@ -191,10 +240,10 @@ void RemoveStaleStores() {
 
 // ---------------------------------------------------------------- the library
 
-ManagerPtr Session(const Store& store) {
+ManagerPtr Session(const Store& store, bool postgres = false, const std::string& connect = "") {
   auto manager = clsManager::Create();
-  manager->SetAktDB(StoreConnection::Open(store.path));
-  manager->SetImportDB(StoreConnection::Open(store.reference));
+  manager->SetAktDB(StoreConnection::Open(postgres ? store.pg : store.path, connect));
+  manager->SetImportDB(StoreConnection::Open(postgres ? store.pg_reference : store.reference, connect));
   manager->AktJahr = kYear;
   manager->AktMonat = 3;
   manager->ChangeAktMandant(store.employer);
@@ -215,6 +264,25 @@ void Ormelix_MitarbeiterLoad(benchmark::State& state) {
 }
 BENCHMARK(Ormelix_MitarbeiterLoad)->Arg(1000)->Iterations(10)->Unit(benchmark::kMillisecond);
 BENCHMARK(Ormelix_MitarbeiterLoad)->Arg(10000)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+// The same on PostgreSQL, with the statement cache and (connect text
+// statement_cache=0) without it, when a server is named.
+void LoadOnPostgres(benchmark::State& state, const std::string& connect) {
+  const Store& store = Data(static_cast<int>(state.range(0)));
+  if (store.pg.empty()) return state.SkipWithError("no PostgreSQL server: set ORMELIX_TEST_PG (./dev bench does)");
+  auto manager = Session(store, true, connect);
+  manager->Mitarbeiter()->Load(kYear, lcPersonalnummer);
+  for (auto _ : state) {
+    manager->Mitarbeiter()->Load(kYear, lcPersonalnummer);
+    if (manager->Mitarbeiter()->Count() != state.range(0)) state.SkipWithError("not every employee was loaded");
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+void Postgres_MitarbeiterLoad(benchmark::State& state) { LoadOnPostgres(state, ""); }
+void PostgresNoCache_MitarbeiterLoad(benchmark::State& state) { LoadOnPostgres(state, "statement_cache=0"); }
+BENCHMARK(Postgres_MitarbeiterLoad)->Arg(1000)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(Postgres_MitarbeiterLoad)->Arg(10000)->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(PostgresNoCache_MitarbeiterLoad)->Arg(1000)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 // ---------------------------------------------------------------- the raw loader
 
@@ -412,6 +480,167 @@ void Raw_MitarbeiterLoad(benchmark::State& state) {
 BENCHMARK(Raw_MitarbeiterLoad)->Arg(1000)->Iterations(10)->Unit(benchmark::kMillisecond);
 BENCHMARK(Raw_MitarbeiterLoad)->Arg(10000)->Iterations(3)->Unit(benchmark::kMillisecond);
 
+// ---------------------------------------------------------------- the raw libpq loader
+
+// A statement prepared once on a connection, run with text parameters; the
+// result in text form, as the library reads it.
+class PgStatement {
+ public:
+  PgStatement(PGconn* conn, const char* name, const char* sql) : conn_(conn), name_(name) {
+    PQclear(PQprepare(conn, name, sql, 0, nullptr));
+  }
+  ~PgStatement() { PQclear(result_); }
+  PGresult* Run(std::initializer_list<const char*> params) {
+    PQclear(result_);
+    std::vector<const char*> values(params);
+    result_ = PQexecPrepared(conn_, name_, static_cast<int>(values.size()), values.data(), nullptr, nullptr, 0);
+    return result_;
+  }
+
+ private:
+  PGconn* conn_;
+  const char* name_;
+  PGresult* result_ = nullptr;
+};
+
+// Every column of a row: texts as strings, everything else as a number.
+void ReadRow(const PGresult* result, int row, RawRow& out) {
+  out.numbers.clear();
+  out.texts.clear();
+  for (int i = 0; i < PQnfields(result); ++i) {
+    const char* value = PQgetvalue(result, row, i);
+    if (PQftype(result, i) == 25) out.texts.emplace_back(value, static_cast<std::size_t>(PQgetlength(result, row, i)));
+    else out.numbers.push_back(PQgetisnull(result, row, i) ? 0 : std::strtod(value, nullptr));
+  }
+}
+
+double Number(const PGresult* result, int row, int column) {
+  return std::strtod(PQgetvalue(result, row, column), nullptr);
+}
+
+void ReadMonths(PGresult* result, std::vector<RawRow>& months) {
+  for (int row = 0; row < PQntuples(result); ++row) {
+    int zeitraum = static_cast<int>(Number(result, row, 3));
+    if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
+      ReadRow(result, row, months[static_cast<std::size_t>(zeitraum % 100)]);
+  }
+}
+
+std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::string& employer) {
+  PgStatement employees(db, "e", "SELECT * FROM \"Mitarbeiter\" WHERE \"MandantenID\"=$1 ORDER BY \"Personalnummer\" ASC");
+  PgStatement career(db, "c", "SELECT * FROM \"Mitarbeiter_Laufbahn\" ORDER BY \"Datum\" DESC, \"Nr\" DESC");
+  PgStatement replacements(db, "r",
+                           "SELECT \"MitarbeiterID\", \"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\" AS \"Zeitraum\" FROM "
+                           "\"Mitarbeiter_Lohnzettel\" INNER JOIN \"Mitarbeiter_Lohnzettel_EL\" ON "
+                           "\"Mitarbeiter_Lohnzettel\".\"ID\"=\"Mitarbeiter_Lohnzettel_EL\".\"LohnzettelID\" WHERE "
+                           "\"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\">=$1 AND "
+                           "\"Mitarbeiter_Lohnzettel_EL\".\"Zeitraum\"<=$2");
+  PgStatement steps(db, "s",
+                    "SELECT * FROM \"Mitarbeiter_Laufbahn\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"Datum\" ASC, \"Nr\" ASC");
+  PgStatement reasons(reference, "g", "SELECT * FROM \"DM_Austrittsgründe\"");
+  PgStatement master(db, "m", "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=$1");
+  PgStatement bank(db, "b", "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=$1");
+  PgStatement lines(db, "l",
+                    "SELECT * FROM \"Mitarbeiter_Lohnarten\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"Zeitraum\", \"SortNr\"");
+  PgStatement pay(db, "p", "SELECT * FROM \"Mitarbeiter_Lohnzettel\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"Zeitraum\" ASC");
+  PgStatement transfers(db, "t",
+                        "SELECT * FROM \"Mitarbeiter_Übertritte\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"Zeitraum\" ASC");
+  PgStatement year(db, "y", "SELECT * FROM \"Mitarbeiter_Jahresdaten\" WHERE \"MitarbeiterID\"=$1 AND \"Jahr\"=$2");
+
+  const double year_end = DateHelpers::DateSerial(kYear, 12, 31);
+  const double year_start = DateHelpers::DateSerial(kYear, 1, 1);
+  std::unordered_map<std::string, Step> last_step;
+  PGresult* all_steps = career.Run({});
+  for (int row = 0; row < PQntuples(all_steps); ++row) {
+    double datum = Number(all_steps, row, 4);
+    if (datum > year_end) continue;
+    last_step.try_emplace(PQgetvalue(all_steps, row, 2), Step{static_cast<int>(Number(all_steps, row, 3)), datum});
+  }
+  std::unordered_map<std::string, bool> has_replacement;
+  std::string first = std::to_string(kYear * 100 + 1), last = std::to_string(kYear * 100 + 12);
+  PGresult* benefits = replacements.Run({first.c_str(), last.c_str()});
+  for (int row = 0; row < PQntuples(benefits); ++row) has_replacement[PQgetvalue(benefits, row, 0)] = true;
+
+  std::vector<RawEmployee> result;
+  std::string year_text = std::to_string(kYear);
+  PGresult* list = employees.Run({employer.c_str()});
+  const int neuanlage = PQnfields(list) - 2;  // Neuanlage, Anonymize
+  for (int e = 0; e < PQntuples(list); ++e) {
+    std::string id = PQgetvalue(list, e, 1);
+    auto step = last_step.find(id);
+    bool exit = step != last_step.end() && step->second.schritt == 3;
+    double entry_date = step != last_step.end() && !exit ? step->second.datum : 0;
+    double exit_date = exit ? step->second.datum : 0;
+    if (!((entry_date > 0 && exit_date == 0) || exit_date >= year_start || Number(list, e, neuanlage) != 0 ||
+          has_replacement.count(id)))
+      continue;
+    RawEmployee& employee = result.emplace_back();
+    employee.id = id;
+    employee.index = static_cast<int>(result.size());
+    std::vector<RawReason> catalogue;
+    PGresult* codes = reasons.Run({});
+    for (int row = 0; row < PQntuples(codes); ++row)
+      catalogue.push_back({Number(codes, row, 0), PQgetvalue(codes, row, 1), PQgetvalue(codes, row, 2)});
+    PGresult* rows = steps.Run({id.c_str()});
+    const int grund = 5;  // Nr, ID, MitarbeiterID, Schritt, Datum, Grund
+    for (int row = 0; row < PQntuples(rows); ++row) {
+      RawStep& raw = employee.career.emplace_back();
+      ReadRow(rows, row, raw.row);
+      if (PQgetisnull(rows, row, grund)) continue;
+      const double code = Number(rows, row, grund);
+      for (const RawReason& reason : catalogue) {
+        if (reason.code != code) continue;
+        raw.reason_code = static_cast<int>(code);
+        raw.reason_index = raw.reason_code + 1;
+        raw.reason_kuerzel = reason.kuerzel;
+        raw.reason_text = reason.text;
+        break;
+      }
+    }
+    rows = master.Run({id.c_str()});
+    if (PQntuples(rows)) ReadRow(rows, 0, employee.master);
+    rows = bank.Run({id.c_str()});
+    if (PQntuples(rows)) ReadRow(rows, 0, employee.bank);
+    rows = lines.Run({id.c_str()});
+    for (int row = 0; row < PQntuples(rows); ++row) {
+      int zeitraum = static_cast<int>(Number(rows, row, 3));
+      if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
+        ReadRow(rows, row, employee.lines.emplace_back());
+    }
+    ReadMonths(pay.Run({id.c_str()}), employee.months);
+    ReadMonths(transfers.Run({id.c_str()}), employee.transfers);
+    rows = year.Run({id.c_str(), year_text.c_str()});
+    if (PQntuples(rows)) ReadRow(rows, 0, employee.year);
+  }
+  return result;
+}
+
+// Connections as the library makes them: the store's schema on the search path.
+PGconn* ConnectRaw(const std::string& location) {
+  std::string conninfo = WithLocationParameter(
+      WithLocationParameter(location, "options", "-csearch_path=" + LocationParameter(location, "schema")), "schema",
+      "");
+  return PQconnectdb(conninfo.c_str());
+}
+
+void Libpq_MitarbeiterLoad(benchmark::State& state) {
+  const Store& store = Data(static_cast<int>(state.range(0)));
+  if (store.pg.empty()) return state.SkipWithError("no PostgreSQL server: set ORMELIX_TEST_PG (./dev bench does)");
+  PGconn* db = ConnectRaw(store.pg);
+  PGconn* reference = ConnectRaw(store.pg_reference);
+  benchmark::DoNotOptimize(PgRawLoad(db, reference, store.employer).size());
+  for (auto _ : state) {
+    auto employees = PgRawLoad(db, reference, store.employer);
+    if (static_cast<long>(employees.size()) != state.range(0)) state.SkipWithError("not every employee was loaded");
+    benchmark::DoNotOptimize(employees.data());
+  }
+  PQfinish(reference);
+  PQfinish(db);
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Libpq_MitarbeiterLoad)->Arg(1000)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(Libpq_MitarbeiterLoad)->Arg(10000)->Iterations(2)->Unit(benchmark::kMillisecond);
+
 // ---------------------------------------------------------------- the summary
 
 // Keeps the fastest repetition of each benchmark (the machine is shared, and the
@@ -443,6 +672,21 @@ class SummaryReporter : public benchmark::ConsoleReporter {
     double raw_small = at("Raw_MitarbeiterLoad/1000");
     double raw_large = at("Raw_MitarbeiterLoad/10000");
     if (raw_small > 0 && raw_large > 0) std::printf("raw 10,000 / 1,000 = %.2f\n", raw_large / raw_small);
+    for (const char* n : {"1000", "10000"}) {
+      double pg = at(std::string("Postgres_MitarbeiterLoad/") + n);
+      double libpq = at(std::string("Libpq_MitarbeiterLoad/") + n);
+      double sqlite = at(std::string("Ormelix_MitarbeiterLoad/") + n);
+      if (pg > 0 && libpq > 0)
+        std::printf("%s employees on PostgreSQL (best repetition): library %.0f ms, raw libpq %.0f ms, "
+                    "library / libpq = %.2f (target <= 1.5); the library on SQLite %.0f ms\n",
+                    n, pg, libpq, pg / libpq, sqlite);
+    }
+    double cached = at("Postgres_MitarbeiterLoad/1000");
+    double uncached = at("PostgresNoCache_MitarbeiterLoad/1000");
+    if (cached > 0 && uncached > 0)
+      std::printf("1000 employees on PostgreSQL without the statement cache %.0f ms, with it %.0f ms: the cache "
+                  "saves %.0f %%\n",
+                  uncached, cached, 100.0 * (uncached - cached) / uncached);
   }
 
  private:

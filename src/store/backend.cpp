@@ -1,5 +1,8 @@
 #include "backend.h"
 
+#include <algorithm>
+#include <cstdio>
+
 #include "ormelix/error.h"
 #include "ormelix/store/location.h"
 #include "ormelix/text.h"
@@ -98,6 +101,26 @@ std::shared_ptr<Backend> MakeBackend(const std::string& connect, const std::stri
                      "the connect text asks for PostgreSQL, but the location is no connection string "
                      "(postgres://user@host:port/database or host=... dbname=...)");
   return MakeSqliteBackend();
+}
+
+std::string DoubleAsStoredText(double value) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%.15g", value);
+  std::string text = buffer;
+  if (text.find_first_of("ein") == std::string::npos) return text.find('.') == std::string::npos ? text + ".0" : text;
+  std::size_t e = text.find('e');
+  if (e != std::string::npos && text.find('.') == std::string::npos) text.insert(e, ".0");
+  return text;
+}
+
+void Backend::InsertRows(const std::string& table, const std::vector<std::string>& columns,
+                         const std::vector<Variant>& cells) {
+  std::vector<Variant> row(columns.size());
+  for (std::size_t at = 0; at + columns.size() <= cells.size() && !columns.empty(); at += columns.size()) {
+    std::copy(cells.begin() + static_cast<long>(at), cells.begin() + static_cast<long>(at + columns.size()),
+              row.begin());
+    InsertRow(table, columns, row);
+  }
 }
 
 const TranslatedSql& Backend::Translate(std::string_view jet_sql) {

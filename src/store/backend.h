@@ -122,6 +122,10 @@ class Backend {
   // "SELECT * FROM table" shows it (with the key and defaults the store filled).
   virtual QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
                                 const std::vector<Variant>& values) = 0;
+  // Many rows at once, cells row-major in the order of columns (a copy of a
+  // store); nothing is read back.
+  virtual void InsertRows(const std::string& table, const std::vector<std::string>& columns,
+                          const std::vector<Variant>& cells);
   virtual void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                          const std::vector<Variant>& values) = 0;
   virtual void DeleteRow(const std::string& table, const Variant& row_key) = 0;
@@ -168,6 +172,10 @@ class Backend {
   std::string latest_text_;
   const TranslatedSql& TranslateAnew(std::string_view jet_sql);
 };
+
+// A double as SQLite writes it into a text column ("2.5", "3.0", "1.0e+20"); the
+// PostgreSQL backend writes it so too, so that both stores hold the same text.
+std::string DoubleAsStoredText(double value);
 
 // What the connect text of a store asks for: the backend ("sqlite", the default
 // for a file; "postgres" for a connection string, which needs no word) and options

@@ -197,6 +197,19 @@ std::string_view CanonicalIdentifier(std::string_view name) {
   return found == names.end() ? name : std::string_view(found->second);
 }
 
+bool IsUntypedColumn(std::string_view table, std::string_view column) {
+  static const std::unordered_map<std::string, bool> columns = [] {
+    std::unordered_map<std::string, bool> map;
+    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
+      for (const SchemaTable& schema_table : SchemaTables(kind))
+        for (const SchemaColumn& schema_column : schema_table.columns)
+          if (schema_column.type == "any") map.emplace(FoldCase(schema_table.name) + "." + FoldCase(schema_column.name), true);
+    return map;
+  }();
+  if (columns.empty() || table.empty()) return false;
+  return columns.count(FoldCase(table) + "." + FoldCase(column)) > 0;
+}
+
 }  // namespace detail
 
 StoreConnectionPtr CreateStore(const std::string& path, StoreKind kind, const std::string& connect) {

@@ -166,7 +166,8 @@ bool IsKeyword(const std::string& upper) {
       "DESC",   "AS",    "INNER", "LEFT",  "RIGHT", "OUTER", "JOIN", "ON",    "DELETE",
       "INSERT", "INTO",  "VALUES", "UPDATE", "SET",  "NULL", "IS",   "IN",    "LIKE",
       "DISTINCT", "GROUP", "COUNT", "BETWEEN", "LOWER", "HAVING", "ALL", "EXISTS", "CASE",
-      "WHEN", "THEN", "ELSE", "END", "UNION", "CROSS", "FULL", "LIMIT", "OFFSET", "ESCAPE"};
+      "WHEN", "THEN", "ELSE", "END", "UNION", "CROSS", "FULL", "LIMIT", "OFFSET", "ESCAPE",
+      "BEGIN", "COMMIT", "ROLLBACK", "TRANSACTION", "WORK"};
   for (const char* keyword : kKeywords)
     if (upper == keyword) return true;
   return false;

@@ -42,6 +42,9 @@ std::string QuoteIdentifier(std::string_view name);
 // without regard to case, umlauts included); any other name as it stands.
 std::string_view CanonicalIdentifier(std::string_view name);
 
+// True for a column the schema gives no fixed type ("any"), as Settings.Values.
+bool IsUntypedColumn(std::string_view table, std::string_view column);
+
 // True for the ID form of this store: {8-4-4-4-12} hex digits, any case.
 bool IsGuidText(std::string_view text);
 std::string NormalizeGuid(std::string_view text);  // upper case, braces kept

@@ -6,6 +6,10 @@
 
 namespace ormelix {
 
+namespace detail {
+std::shared_ptr<Backend> BackendOf(const StoreSession& session) { return session.backend_; }
+}  // namespace detail
+
 StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}
 
 StoreSession::~StoreSession() = default;

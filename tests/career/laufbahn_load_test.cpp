@@ -148,6 +148,7 @@ TEST_F(LaufbahnLoadTest, ARowThatCannotBeReadNamesTableColumnAndRowAndLeavesTheL
                {"Grund", "x", "x"}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.column);
+    if (test::OnPostgres() && c.value.IsText()) continue;  // a number column of PostgreSQL holds no text
     const std::string bad = Step(eLBDVRuht, D(2021, 1, 1));
     db->Session().ExecuteSql("UPDATE [Mitarbeiter_Laufbahn] SET [" + std::string(c.column) + "]=" +
                              (c.value.IsText() ? "'" + c.value.AsText() + "'" : c.value.IsNull() ? "NULL" : "1e9") +

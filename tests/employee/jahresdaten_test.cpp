@@ -133,6 +133,7 @@ TEST_F(JahresdatenTest, AngewandterKVIsReadThroughItsTextAndATextThatIsNoBoolean
   EXPECT_EQ(lohn->Jahresdaten()->AngewandterKVText, "Hotel- und Gastgewerbe");
 
   for (const Variant& bad : {Variant::NullValue(), Variant("vielleicht")}) {
+    if (test::OnPostgres() && bad.IsText()) continue;  // a number column of PostgreSQL holds no text
     auto fresh = std::make_shared<LLohn>();
     fresh->Jahresdaten()->AngewandterKVText = "unverändert";
     auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Jahresdaten] WHERE [ID]=" + SqlID(row),

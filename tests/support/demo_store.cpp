@@ -6,9 +6,11 @@ namespace ormelix::test {
 
 namespace {
 
+// On PostgreSQL the demo's stores go to a fresh schema of the test server.
 struct Demo {
   TempDir dir;
-  ToolRun run = RunTool({"demo", "store"}, dir.Path().string());
+  std::string store = DemoLocation(dir);
+  ToolRun run = RunTool({"demo", store}, dir.Path().string());
 };
 
 const Demo& Built() {
@@ -22,7 +24,7 @@ const std::filesystem::path& DemoStoreTest::DemoDir() { return Built().dir.Path(
 
 const ToolRun& DemoStoreTest::Demo() { return Built().run; }
 
-std::string DemoStoreTest::Store() { return (DemoDir() / "store").string(); }
+std::string DemoStoreTest::Store() { return Built().store; }
 
 ToolRun DemoStoreTest::Show(std::vector<std::string> args) {
   args.insert(args.begin(), {"show", "--store", Store()});

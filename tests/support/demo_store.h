@@ -20,7 +20,8 @@ class DemoStoreTest : public ::testing::Test {
   static const std::filesystem::path& DemoDir();
   // What ormelix demo printed and returned.
   static const ToolRun& Demo();
-  // The folder of the demo's stores, as --store takes it.
+  // The folder of the demo's stores (on PostgreSQL its connection string), as
+  // --store takes it.
   static std::string Store();
   // ormelix show --store STORE ARGS.
   static ToolRun Show(std::vector<std::string> args);

@@ -34,7 +34,8 @@ class Schemas {
   ~Schemas() {
     for (const std::string& location : locations_) {
       try {
-        RunOnServer(location, "DROP SCHEMA IF EXISTS \"" + LocationParameter(location, "schema") + "\" CASCADE");
+        std::string schema = LocationParameter(location, "schema");
+        RunOnServer(location, "DROP SCHEMA IF EXISTS \"" + schema + "\", \"" + schema + "_reference\" CASCADE");
       } catch (const std::exception&) {
       }
     }
@@ -93,13 +94,17 @@ std::string NewStoreLocation(const TempDir& dir, StoreKind kind, const std::stri
   if (!OnPostgres()) return dir.File(name.empty() ? kind_name + std::to_string(counter++) + ".db" : name);
   std::string location = WithLocationParameter(TestServer(), "dbname", BinaryName());
   std::string schema = kind_name + "_" + std::to_string(getpid()) + "_" + std::to_string(counter++);
-  return WithLocationParameter(location, "schema", schema);
+  location = WithLocationParameter(location, "schema", schema);
+  Schemas::Instance().Add(location);
+  return location;
 }
 
 StoreConnectionPtr NewStore(const TempDir& dir, StoreKind kind, const std::string& name) {
-  std::string location = NewStoreLocation(dir, kind, name);
-  if (OnPostgres()) Schemas::Instance().Add(location);
-  return CreateStore(location, kind);
+  return CreateStore(NewStoreLocation(dir, kind, name), kind);
+}
+
+std::string DemoLocation(const TempDir& dir) {
+  return OnPostgres() ? NewStoreLocation(dir) : (dir.Path() / "store").string();
 }
 
 std::string AddRow(const StoreConnectionPtr& db, const std::string& table,
@@ -144,6 +149,8 @@ std::string RunOnServer(const std::string& location, const std::string& sql) {
   std::string schema = LocationParameter(location, "schema");
   std::string conninfo = WithLocationParameter(location, "schema", "");
   if (!schema.empty()) conninfo = WithLocationParameter(conninfo, "options", "-csearch_path=" + schema);
+  conninfo = WithLocationParameter(conninfo, "options",
+                                   LocationParameter(conninfo, "options") + " -cclient_min_messages=warning");
   PGconn* conn = PQconnectdb(conninfo.c_str());
   std::string cell;
   std::string failure;

@@ -38,8 +38,13 @@ bool OnPostgres();
 // The server of the PostgreSQL run (ORMELIX_TEST_PG), "" when none is named.
 std::string TestServer();
 // A location for a new store: a file of the folder on SQLite, a fresh schema of
-// the binary's database on PostgreSQL.
+// the binary's database on PostgreSQL (dropped, with the reference schema
+// beside it, when the process ends).
 std::string NewStoreLocation(const TempDir& dir, StoreKind kind = StoreKind::Payroll, const std::string& name = "");
+
+// Where ormelix demo puts its stores in a test: the folder "store" of dir, or on
+// PostgreSQL a fresh schema (and its _reference beside it).
+std::string DemoLocation(const TempDir& dir);
 
 // A fresh payroll (or reference) store: a file of the folder, or on PostgreSQL a
 // fresh schema (name then only tells the stores of one test apart).

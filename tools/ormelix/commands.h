@@ -14,14 +14,28 @@ namespace cli {
 int Init(Arguments args);
 int Demo(Arguments args);
 int Show(Arguments args);
+int Copy(Arguments args);
 
 extern const char* const kInitHelp;
 extern const char* const kDemoHelp;
 extern const char* const kShowHelp;
+extern const char* const kCopyHelp;
+
+// Where the payroll store and its reference store lie, for a folder (payroll.db
+// and reference.db in it), a payroll store file (reference.db beside it) or a
+// connection string (the reference store in the schema "reference" of the same
+// database, or SCHEMA_reference beside schema=SCHEMA).
+struct StoreLocations {
+  std::string payroll;
+  std::string reference;
+  bool server = false;
+};
+StoreLocations LocateStores(const std::string& where);
 
 // A session on a payroll store (and the reference store beside it, if there is
-// one), opened read-only. `where` is the payroll file or the folder that holds
-// payroll.db. A missing path is a UsageError; a file that is no store a StoreError.
+// one), opened read-only if asked. `where` is as LocateStores takes it. A missing
+// path or a database that is no payroll store is a UsageError; a file that is
+// no store or a server that cannot be reached a StoreError.
 std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool read_only);
 
 }  // namespace cli

@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "demo.h"
 #include "paths.h"
+#include "ormelix/store/location.h"
 #include "ormelix/store/schema.h"
 
 namespace cli {
@@ -14,7 +15,10 @@ namespace cli {
 const char* const kDemoHelp =
     "usage: ormelix demo [DIR] [--employees N]\n"
     "  Builds a demo payroll store and reference store in DIR (default: a fresh folder\n"
-    "  ormelix-demo-YYYYMMDD-HHMMSS in the current folder) through the library's own\n"
+    "  ormelix-demo-YYYYMMDD-HHMMSS in the current folder; or a PostgreSQL connection\n"
+    "  string, postgres://user@host:port/db or 'host=... dbname=...', for the payroll\n"
+    "  store in that database and the reference store in its schema reference, the\n"
+    "  database made if it is missing) through the library's own\n"
     "  objects: a Standard folder of base values with dated tables of 2024 and 2025\n"
     "  carrying Austrian statutory figures, a restore folder, one employer with its bank,\n"
     "  authorities, year data, contribution accounts and document protection, five\n"
@@ -60,26 +64,38 @@ int Demo(Arguments args) {
     if (employees < 5 || employees > 30000)
       throw UsageError("--employees '" + *count + "' is not a number from 5 to 30000");
   }
-  std::filesystem::path folder = dir ? std::filesystem::path(*dir) : FreshFolder();
-  std::filesystem::path payroll = folder / "payroll.db";
-  std::filesystem::path reference = folder / "reference.db";
-  MakeFolder(folder);
-  for (const auto& path : {payroll, reference})
-    if (KindAt(path) != std::filesystem::file_type::not_found)
-      throw UsageError("'" + Shown(path) + "' exists already; expected a folder without stores (or none)");
-  RequireWritableFolder(folder);
-  ormelix::CreateStore(payroll.string(), ormelix::StoreKind::Payroll);
-  ormelix::CreateStore(reference.string(), ormelix::StoreKind::Reference);
-  std::cout << "Demo stores in " << folder.string() << "/\n";
+  std::string where;
+  if (dir && ormelix::IsServerLocation(*dir)) {
+    where = *dir;
+    StoreLocations stores = LocateStores(where);
+    ormelix::CreateStore(stores.payroll, ormelix::StoreKind::Payroll);
+    ormelix::CreateStore(stores.reference, ormelix::StoreKind::Reference);
+    std::cout << "Demo stores in " << ormelix::ShownLocation(stores.payroll) << " (reference store in schema "
+              << ormelix::LocationParameter(stores.reference, "schema") << ")\n";
+  } else {
+    std::filesystem::path folder = dir ? std::filesystem::path(*dir) : FreshFolder();
+    std::filesystem::path payroll = folder / "payroll.db";
+    std::filesystem::path reference = folder / "reference.db";
+    MakeFolder(folder);
+    for (const auto& path : {payroll, reference})
+      if (KindAt(path) != std::filesystem::file_type::not_found)
+        throw UsageError("'" + Shown(path) + "' exists already; expected a folder without stores (or none)");
+    RequireWritableFolder(folder);
+    ormelix::CreateStore(payroll.string(), ormelix::StoreKind::Payroll);
+    ormelix::CreateStore(reference.string(), ormelix::StoreKind::Reference);
+    where = folder.string();
+    std::cout << "Demo stores in " << where << "/\n";
+  }
 
   {
-    auto builder = OpenStores(folder.string(), /*read_only=*/false);
+    auto builder = OpenStores(where, /*read_only=*/false);
     BuildDemo(*builder, employees - 5, std::cout);
   }
   // The walk takes a session of its own, as a host would, on what was stored.
-  auto reader = OpenStores(folder.string(), /*read_only=*/true);
+  auto reader = OpenStores(where, /*read_only=*/true);
   WalkDemoMonth(*reader, std::cout);
-  std::string store = folder.string();
+  std::string store = ormelix::ShownLocation(where);
+  if (store.find(' ') != std::string::npos) store = "'" + store + "'";
   std::cout << "\nLook further (each also with --json):\n"
             << "  ormelix show --store " << store << " employers\n"
             << "  ormelix show --store " << store << " employees --year 2025 --sort name\n"

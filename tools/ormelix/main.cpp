@@ -21,6 +21,7 @@ const char* const kUsage =
     "                           walk one employee's month through it\n"
     "  show [--store PATH] WHAT show a store read-only: employers, employees, base, month,\n"
     "                           career, l16, countries\n"
+    "  copy SRC DST             copy a store from SQLite to PostgreSQL or back\n"
     "\n"
     "ormelix COMMAND --help describes a command and its options. Bad input gives one line\n"
     "on standard error and exit status 2.\n";
@@ -35,6 +36,7 @@ const Command kCommands[] = {
     {"init", cli::Init, cli::kInitHelp},
     {"demo", cli::Demo, cli::kDemoHelp},
     {"show", cli::Show, cli::kShowHelp},
+    {"copy", cli::Copy, cli::kCopyHelp},
 };
 
 void Fail(const std::string& command, std::string message) {
@@ -80,6 +82,6 @@ int main(int argc, char** argv) {
     }
     return 2;
   }
-  std::cerr << "ormelix: unknown command '" << name << "'; expected init, demo or show (see ormelix --help)\n";
+  std::cerr << "ormelix: unknown command '" << name << "'; expected init, demo, show or copy (see ormelix --help)\n";
   return 2;
 }

@@ -18,7 +18,9 @@ namespace cli {
 const char* const kShowHelp =
     "usage: ormelix show [--store PATH] WHAT [OPTIONS] [--json]\n"
     "  Shows what a store holds, read-only. PATH is a payroll store file or a folder with\n"
-    "  payroll.db (and reference.db); the default is the current folder.\n"
+    "  payroll.db (and reference.db), or a PostgreSQL connection string (the reference\n"
+    "  store then in the schema reference of that database); the default is the\n"
+    "  current folder.\n"
     "\n"
     "  employers                           the employers with bank, provision fund, tax and\n"
     "                                      municipal office, year data, contribution accounts\n"

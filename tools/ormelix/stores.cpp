@@ -3,42 +3,80 @@
 #include "commands.h"
 #include "paths.h"
 #include "ormelix/error.h"
+#include "ormelix/store/location.h"
 #include "ormelix/store/store.h"
 #include "ormelix/store/value_helpers.h"
 
 namespace cli {
 
-std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool read_only) {
-  namespace fs = std::filesystem;
+namespace fs = std::filesystem;
+
+StoreLocations LocateStores(const std::string& where) {
+  StoreLocations stores;
+  if (ormelix::IsServerLocation(where)) {
+    // On a server the reference store lies beside the payroll store in a schema
+    // of the same database: "reference", or SCHEMA_reference beside schema=SCHEMA.
+    std::string schema = ormelix::LocationParameter(where, "schema");
+    stores.payroll = where;
+    stores.reference =
+        ormelix::WithLocationParameter(where, "schema", schema.empty() ? "reference" : schema + "_reference");
+    stores.server = true;
+    return stores;
+  }
   fs::path payroll = where;
   fs::path reference;
-  fs::file_type kind = KindAt(payroll);
-  if (kind == fs::file_type::directory) {
+  if (KindAt(payroll) == fs::file_type::directory) {
     reference = payroll / "reference.db";
     payroll /= "payroll.db";
-    kind = KindAt(payroll);
   } else {
     reference = payroll.parent_path() / "reference.db";
   }
+  stores.payroll = payroll.string();
+  stores.reference = reference.string();
+  return stores;
+}
+
+namespace {
+
+// The payroll store file must be there, be a file and be readable.
+void RequireStoreFile(const fs::path& payroll) {
+  const fs::file_type kind = KindAt(payroll);
   if (kind == fs::file_type::not_found)
     throw UsageError("no payroll store at '" + Shown(payroll) +
-                     "'; expected a store file or a folder with payroll.db (made by ormelix init or ormelix demo)");
+                     "'; expected a store file, a folder with payroll.db or a connection string "
+                     "(made by ormelix init or ormelix demo)");
   if (kind != fs::file_type::regular)
     throw UsageError("'" + Shown(payroll) + "' is no file but a folder, device or pipe; expected a payroll store file");
   RequireReadable(payroll);
-  std::string connect = read_only ? "sqlite;readonly" : "sqlite";
-  auto store = ormelix::StoreConnection::Open(payroll.string(), connect);
+}
+
+}  // namespace
+
+std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool read_only) {
+  StoreLocations stores = LocateStores(where);
+  if (!stores.server) RequireStoreFile(stores.payroll);
+  std::string connect = read_only ? "readonly" : "";
+  auto store = ormelix::StoreConnection::Open(stores.payroll, connect);
+  std::string shown = stores.server ? ormelix::ShownLocation(stores.payroll) : Shown(stores.payroll);
   try {
     store->Session().OpenRecordset("SELECT [ID] FROM [Mandanten] WHERE [ID]=" + ormelix::ValueHelpers::SqlID(""));
   } catch (const ormelix::StoreError& error) {
-    throw UsageError("'" + payroll.string() + "' is no payroll store (" + error.BackendMessage() +
-                     "); expected a file made by ormelix init or ormelix demo");
+    throw UsageError("'" + shown + "' is no payroll store (" + error.BackendMessage() +
+                     "); expected a store made by ormelix init or ormelix demo");
   }
   auto manager = ormelix::clsManager::Create();
   manager->OpenAktDB(store);
-  if (KindAt(reference) != fs::file_type::not_found) {
-    RequireReadable(reference);
-    manager->SetImportDB(ormelix::StoreConnection::Open(reference.string(), connect));
+  if (!stores.server) {
+    if (KindAt(stores.reference) != fs::file_type::not_found) {
+      RequireReadable(stores.reference);
+      manager->SetImportDB(ormelix::StoreConnection::Open(stores.reference, connect));
+    }
+    return manager;
+  }
+  try {
+    manager->SetImportDB(ormelix::StoreConnection::Open(stores.reference, connect));
+  } catch (const ormelix::StoreError&) {
+    // No reference schema beside the payroll store: it has none, as a folder may not.
   }
   return manager;
 }

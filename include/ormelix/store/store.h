@@ -13,9 +13,12 @@
 
 namespace ormelix {
 
+class StoreSession;
+
 namespace detail {
 class Backend;
-}
+std::shared_ptr<Backend> BackendOf(const StoreSession& session);
+}  // namespace detail
 
 class StoreSession {
  public:
@@ -39,6 +42,7 @@ class StoreSession {
  private:
   friend class StoreWriteTransaction;
   friend class StoreReadSnapshot;
+  friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  // open StoreWriteTransaction scopes
   int read_depth_ = 0;   // open StoreReadSnapshot scopes

@@ -48,20 +48,6 @@ Affinity AffinityOf(Oid type) {
   }
 }
 
-// A double as SQLite writes it into a text column ("2.5", "3.0", "1.0e+20"), so
-// that a number put into a text column reads back alike on both stores.
-std::string DoubleAsText(double value) {
-  char buffer[64];
-  std::snprintf(buffer, sizeof buffer, "%.15g", value);
-  std::string text = buffer;
-  if (text.find_first_of(".ein") != std::string::npos) {
-    std::size_t e = text.find('e');
-    if (e != std::string::npos && text.find('.') == std::string::npos) text.insert(e, ".0");
-    return text;
-  }
-  return text + ".0";
-}
-
 std::string IntegerText(std::int64_t value) {
   char buffer[24];
   auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
@@ -83,12 +69,41 @@ Variant StoredForm(const Variant& value, Affinity affinity) {
       if (!value.TryNumber(number)) return value;
       return Variant(number);
     case Affinity::Text:
-    case Affinity::Any:
       if (value.kind() == Variant::Integer) return Variant(IntegerText(value.AsInteger()));
-      if (value.kind() == Variant::Double) return Variant(DoubleAsText(value.AsDouble()));
+      if (value.kind() == Variant::Double) return Variant(DoubleAsStoredText(value.AsDouble()));
       return value;
+    case Affinity::Any:
+      return value;  // written as UntypedText, read back by UntypedValue
   }
   return value;
+}
+
+// A column of no fixed type is a text column on PostgreSQL. A number goes in as
+// text that reads back as that number in its kind: a whole number as "3", a
+// double always with a point or exponent ("3.0", "1.25"), to every digit.
+std::string UntypedText(const Variant& value) {
+  if (value.kind() == Variant::Integer) return IntegerText(value.AsInteger());
+  std::string text = FormatNumber(value.AsDouble());
+  if (text.find_first_of(".eEn") == std::string::npos) text += ".0";
+  return text;
+}
+
+// What a text of such a column was: a number in one of those forms is that
+// number again (so a text that reads as one comes back as a number: the one
+// difference from SQLite, whose untyped columns keep the kind of each value).
+Variant UntypedValue(std::string_view text) {
+  if (text.empty() || text.size() > 32) return Variant(text);
+  const char* begin = text.data();
+  const char* end = begin + text.size();
+  std::int64_t whole = 0;
+  auto [at, error] = std::from_chars(begin, end, whole);
+  if (error == std::errc() && at == end && (text[0] != '0' || text.size() == 1)) return Variant(whole);
+  double number = 0;
+  auto [dat, derror] = std::from_chars(begin, end, number);
+  if (derror == std::errc() && dat == end && text.find_first_of(".eE") != std::string_view::npos &&
+      UntypedText(Variant(number)) == text)
+    return Variant(number);
+  return Variant(text);
 }
 
 // The text form of a parameter (Null as no text at all).
@@ -121,6 +136,16 @@ struct ParamTexts {
       values[i] = texts[i].c_str();
     }
   }
+  // The same for the columns the values go into: a number for a column of no
+  // fixed type in its own text form.
+  void Set(const std::vector<Variant>& params, const std::vector<Affinity>& affinities) {
+    Set(params);
+    for (std::size_t i = 0; i < params.size() && i < affinities.size(); ++i) {
+      if (affinities[i] != Affinity::Any || !values[i] || params[i].IsText()) continue;
+      texts[i] = UntypedText(params[i]);
+      values[i] = texts[i].c_str();
+    }
+  }
 };
 
 // The type a statement's parameter is declared with: numbers as what they are,
@@ -138,11 +163,15 @@ Oid DeclaredType(const Variant& value) {
   }
 }
 
+// A cell in text form as the column's type gives it (kUnknown: a column of no
+// fixed type).
 Variant Cell(const PGresult* result, int row, int column, Oid type) {
   if (PQgetisnull(result, row, column)) return Variant::NullValue();
   const char* text = PQgetvalue(result, row, column);
   int length = PQgetlength(result, row, column);
   switch (type) {
+    case kUnknown:
+      return UntypedValue(std::string_view(text, static_cast<std::size_t>(length)));
     case kInt2:
     case kInt4:
     case kInt8: {
@@ -236,8 +265,45 @@ class PostgresBackend final : public Backend {
       sql += " (" + names + ") VALUES (" + marks + ")";
     }
     sql += " RETURNING *";
-    ResultHandle result = RunWrite(sql, values);
+    ResultHandle result = RunWrite(sql, values, table, columns);
     return Fetch(result.get(), LayoutOf(sql, values, result.get()));
+  }
+
+  // COPY: one statement for all rows, each value in the form its column holds.
+  void InsertRows(const std::string& table, const std::vector<std::string>& columns,
+                  const std::vector<Variant>& cells) override {
+    if (columns.empty() || cells.empty()) return;
+    std::string names, marks;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      names += (i ? "," : "") + QuoteIdentifier(columns[i]);
+      marks += (i ? ",$" : "$") + std::to_string(i + 1);
+    }
+    std::string insert = "INSERT INTO " + QuoteIdentifier(table) + " (" + names + ") VALUES (" + marks + ")";
+    Statement& statement = Prepare(insert, {}, insert, false);
+    std::vector<Affinity> affinities = ParamAffinities(statement, insert, table, columns);
+    if (cache_limit_ == 0) Forget(statement);
+    std::string sql = "COPY " + QuoteIdentifier(table) + " (" + names + ") FROM STDIN";
+    ResultHandle start(PQexec(conn_.get(), sql.c_str()));
+    if (start.Status() != PGRES_COPY_IN) Refused(sql, start.get());
+    std::string buffer;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      std::size_t column = i % columns.size();
+      if (column) buffer += '\t';
+      const Variant& cell = cells[i];
+      bool untyped = affinities[column] == Affinity::Any && cell.IsNumber();
+      AppendCopyText(untyped ? Variant(UntypedText(StoredForm(cell, Affinity::Any))) : StoredForm(cell, affinities[column]),
+                     buffer);
+      if (column + 1 == columns.size()) buffer += '\n';
+      if (buffer.size() > (1 << 16) || i + 1 == cells.size()) {
+        if (PQputCopyData(conn_.get(), buffer.data(), static_cast<int>(buffer.size())) != 1) break;
+        buffer.clear();
+      }
+    }
+    PQputCopyEnd(conn_.get(), nullptr);
+    for (PGresult* raw; (raw = PQgetResult(conn_.get())) != nullptr;) {
+      ResultHandle result(raw);
+      if (postgres::Failed(result.get())) Refused(sql, result.get());
+    }
   }
 
   void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
@@ -249,7 +315,7 @@ class PostgresBackend final : public Backend {
     sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$" + std::to_string(columns.size() + 1);
     std::vector<Variant> params = values;
     params.push_back(row_key);
-    ResultHandle result = RunWrite(sql, params);
+    ResultHandle result = RunWrite(sql, params, table, columns);
     if (Changes(result.get()) == 0)
       throw StoreError("row cannot be located for updating", sql,
                        "the row " + row_key.Describe() + " of " + table + " has gone from the store");
@@ -257,17 +323,21 @@ class PostgresBackend final : public Backend {
 
   void DeleteRow(const std::string& table, const Variant& row_key) override {
     std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$1";
-    RunWrite(sql, {row_key});
+    RunWrite(sql, {row_key}, table, {});
   }
 
-  Variant Normalize(const Variant& value, Affinity affinity) const override { return StoredForm(value, affinity); }
+  Variant Normalize(const Variant& value, Affinity affinity) const override {
+    if (affinity == Affinity::Any && value.IsNumber()) return UntypedValue(UntypedText(StoredForm(value, affinity)));
+    return StoredForm(value, affinity);
+  }
 
  private:
   struct Statement {
     std::string name;                            // "" when not cached
     std::list<std::string>::iterator position;
     std::shared_ptr<const ColumnLayout> layout;  // made at the first fetch or describe
-    std::vector<Affinity> param_affinities;      // for writes: the columns' the parameters go into
+    std::vector<Affinity> param_affinities;      // for writes: those of the columns the parameters go into
+    bool described = false;
   };
 
   void RequireOpen(std::string_view subject) {
@@ -328,7 +398,7 @@ class PostgresBackend final : public Backend {
   }
 
   ResultHandle Execute(Statement& statement, const std::vector<Variant>& params, std::string_view subject) {
-    texts_.Set(params);
+    texts_.Set(params, statement.param_affinities);
     ResultHandle result(PQexecPrepared(conn_.get(), statement.name.c_str(), static_cast<int>(params.size()),
                                        texts_.values.data(), nullptr, nullptr, 0));
     if (postgres::Failed(result.get())) Refused(subject, result.get());
@@ -345,20 +415,65 @@ class PostgresBackend final : public Backend {
 
   // A write of the store layer's own: its parameters are declared by the
   // columns they go into, and each value is sent in the form that column holds.
-  ResultHandle RunWrite(const std::string& text, const std::vector<Variant>& values) {
+  ResultHandle RunWrite(const std::string& text, const std::vector<Variant>& values, const std::string& table,
+                        const std::vector<std::string>& columns) {
     Statement& statement = Prepare(text, values, text, /*declare=*/false);
-    if (statement.param_affinities.size() != values.size()) {
-      ResultHandle description(PQdescribePrepared(conn_.get(), statement.name.c_str()));
-      if (postgres::Failed(description.get())) Refused(text, description.get());
-      statement.param_affinities.clear();
-      for (int i = 0; i < PQnparams(description.get()); ++i)
-        statement.param_affinities.push_back(AffinityOf(PQparamtype(description.get(), i)));
-    }
+    const std::vector<Affinity>& affinities = ParamAffinities(statement, text, table, columns);
     std::vector<Variant> stored(values.size());
-    for (std::size_t i = 0; i < values.size(); ++i) stored[i] = StoredForm(values[i], statement.param_affinities[i]);
+    for (std::size_t i = 0; i < values.size(); ++i) stored[i] = StoredForm(values[i], affinities[i]);
     ResultHandle result = Execute(statement, stored, text);
     if (cache_limit_ == 0) Forget(statement);
     return result;
+  }
+
+  // The affinities of the columns a write's parameters go into, as the server
+  // read them when it prepared the statement.
+  // The first parameters go into the columns named, of the table.
+  const std::vector<Affinity>& ParamAffinities(Statement& statement, std::string_view subject, const std::string& table,
+                                               const std::vector<std::string>& columns) {
+    if (!statement.described) {
+      ResultHandle description(PQdescribePrepared(conn_.get(), statement.name.c_str()));
+      if (postgres::Failed(description.get())) Refused(subject, description.get());
+      statement.param_affinities.clear();
+      for (int i = 0; i < PQnparams(description.get()); ++i) {
+        Affinity affinity = AffinityOf(PQparamtype(description.get(), i));
+        auto index = static_cast<std::size_t>(i);
+        if (affinity == Affinity::Text && index < columns.size() && IsUntypedColumn(table, columns[index]))
+          affinity = Affinity::Any;
+        statement.param_affinities.push_back(affinity);
+      }
+      statement.described = true;
+    }
+    return statement.param_affinities;
+  }
+
+  static void AppendCopyText(const Variant& value, std::string& out) {
+    switch (value.kind()) {
+      case Variant::Empty:
+      case Variant::Null:
+        out += "\\N";
+        return;
+      case Variant::Boolean:
+        out += value.AsBool() ? "-1" : "0";
+        return;
+      case Variant::Integer:
+        out += IntegerText(value.AsInteger());
+        return;
+      case Variant::Double:
+        out += FormatNumber(value.AsDouble());
+        return;
+      case Variant::Text:
+        for (char c : value.AsText()) {
+          switch (c) {
+            case '\\': out += "\\\\"; break;
+            case '\n': out += "\\n"; break;
+            case '\r': out += "\\r"; break;
+            case '\t': out += "\\t"; break;
+            default: out += c;
+          }
+        }
+        return;
+    }
   }
 
   static long Changes(const PGresult* result) {
@@ -380,8 +495,11 @@ class PostgresBackend final : public Backend {
     std::vector<ColumnInfo> columns;
     int count = PQnfields(result);
     columns.reserve(count);
-    for (int i = 0; i < count; ++i)
-      columns.push_back({PQfname(result, i), TableName(PQftable(result, i)), AffinityOf(PQftype(result, i))});
+    for (int i = 0; i < count; ++i) {
+      ColumnInfo column{PQfname(result, i), TableName(PQftable(result, i)), AffinityOf(PQftype(result, i))};
+      if (column.affinity == Affinity::Text && IsUntypedColumn(column.table, column.name)) column.affinity = Affinity::Any;
+      columns.push_back(std::move(column));
+    }
     return std::make_shared<const ColumnLayout>(std::move(columns));
   }
 
@@ -404,7 +522,8 @@ class PostgresBackend final : public Backend {
     int rows = PQntuples(result);
     int count = PQnfields(result);
     std::vector<Oid> types(count);
-    for (int i = 0; i < count; ++i) types[i] = PQftype(result, i);
+    for (int i = 0; i < count; ++i)
+      types[i] = out.layout->Columns()[i].affinity == Affinity::Any ? kUnknown : PQftype(result, i);
     out.cells = TakeSpare();
     out.cells.reserve(static_cast<std::size_t>(rows) * count);
     for (int row = 0; row < rows; ++row)

@@ -31,7 +31,15 @@ std::string ConnectState(std::string_view message) {
                    message + " (SQLSTATE " + ConnectState(message) + ", server " + server.shown + ")");
 }
 
-ConnectionHandle Open(const std::string& conninfo) { return ConnectionHandle(PQconnectdb(conninfo.c_str())); }
+// The server's notices (a schema that exists already, cascades of a drop) are no
+// failures; the library has no log to write them to.
+void IgnoreNotice(void*, const char*) {}
+
+ConnectionHandle Open(const std::string& conninfo) {
+  ConnectionHandle conn(PQconnectdb(conninfo.c_str()));
+  if (conn) PQsetNoticeProcessor(conn.get(), IgnoreNotice, nullptr);
+  return conn;
+}
 
 void Run(PGconn* conn, const std::string& sql, const Server& server) {
   ResultHandle result(PQexec(conn, sql.c_str()));

@@ -1,0 +1,169 @@
+#include "ormelix/store/copy.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "backend.h"
+#include "ormelix/error.h"
+
+namespace ormelix {
+
+namespace detail {
+std::shared_ptr<Backend> BackendOf(const StoreSession& session);
+}  // namespace detail
+
+namespace {
+
+using detail::Backend;
+
+constexpr long kProgressStep = 2000;
+
+// The columns of a table in the order the checksum reads them.
+std::vector<std::string> ColumnsOf(const SchemaTable& table) {
+  std::vector<std::string> columns;
+  if (table.keyed) columns = {"Nr", "ID"};
+  for (const SchemaColumn& column : table.columns) columns.push_back(column.name);
+  return columns;
+}
+
+bool IsNumberType(const std::string& type) { return type != "text" && type != "any"; }
+
+std::string SelectAll(const SchemaTable& table) {
+  std::string sql = "SELECT * FROM [" + table.name + "]";
+  if (table.keyed) return sql + " ORDER BY [Nr] ASC";
+  for (const SchemaColumn& column : table.columns)
+    if (column.primary) return sql + " ORDER BY [" + column.name + "] ASC";
+  return sql;
+}
+
+// FNV-1a over the canonical text of each value, a separator after each.
+struct Checksum {
+  std::uint64_t hash = 1469598103934665603ULL;
+
+  void Add(std::string_view bytes) {
+    for (unsigned char c : bytes) {
+      hash ^= c;
+      hash *= 1099511628211ULL;
+    }
+    hash ^= 0xFF;
+    hash *= 1099511628211ULL;
+  }
+
+  void Add(const Variant& value, bool number_column) {
+    double number = 0;
+    if (value.IsMissing()) return Add("\x01N");
+    if (value.kind() == Variant::Text) return Add(value.AsText());
+    value.TryNumber(number);
+    if (number_column) return Add(FormatNumber(number));
+    Add(value.kind() == Variant::Double ? detail::DoubleAsStoredText(number)
+                                        : std::to_string(static_cast<long long>(number)));
+  }
+};
+
+TableCopy Sum(Backend& backend, const SchemaTable& table) {
+  detail::QueryResult result = backend.Query(SelectAll(table));
+  std::vector<int> at;
+  std::vector<bool> numeric;
+  if (table.keyed) {
+    at = {result.layout->Lookup("Nr"), result.layout->Lookup("ID")};
+    numeric = {true, false};
+  }
+  for (const SchemaColumn& column : table.columns) {
+    at.push_back(result.layout->Lookup(column.name));
+    numeric.push_back(IsNumberType(column.type));
+  }
+  TableCopy sum{table.name, 0, 0};
+  std::size_t width = result.layout->Size();
+  Checksum checksum;
+  for (std::size_t row = 0; width && row < result.cells.size() / width; ++row, ++sum.rows)
+    for (std::size_t i = 0; i < at.size(); ++i)
+      checksum.Add(at[i] < 0 ? Variant::NullValue() : result.cells[row * width + at[i]], numeric[i]);
+  sum.checksum = checksum.hash;
+  return sum;
+}
+
+std::string Begin(const Backend& backend) {
+  return backend.Dialect() == detail::SqlDialect::Sqlite ? "BEGIN IMMEDIATE" : "BEGIN";
+}
+
+void CopyTable(Backend& from, Backend& to, const SchemaTable& table, const CopyOptions& options) {
+  detail::QueryResult rows = from.Query(SelectAll(table));
+  std::vector<std::string> names = ColumnsOf(table);
+  std::vector<int> at;
+  for (const std::string& name : names) at.push_back(rows.layout->Lookup(name));
+  std::size_t width = rows.layout->Size();
+  long total = width ? static_cast<long>(rows.cells.size() / width) : 0;
+  if (options.progress) options.progress(table.name, 0, total);
+  std::vector<Variant> batch;
+  for (long row = 0; row < total;) {
+    long end = std::min(total, row + kProgressStep);
+    batch.clear();
+    for (; row < end; ++row)
+      for (std::size_t i = 0; i < names.size(); ++i)
+        batch.push_back(at[i] < 0 ? Variant::NullValue() : rows.cells[row * width + at[i]]);
+    to.InsertRows(table.name, names, batch);
+    if (options.progress) options.progress(table.name, row, total);
+  }
+  // The autonumber goes on after the rows that came with their Nr.
+  if (table.keyed && to.Dialect() == detail::SqlDialect::Postgres && total > 0)
+    to.ExecuteNative("SELECT setval(pg_get_serial_sequence('\"" + table.name +
+                     "\"', 'Nr'), (SELECT max(\"Nr\") FROM \"" + table.name + "\"))");
+}
+
+}  // namespace
+
+std::vector<TableCopy> StoreChecksums(const StoreConnectionPtr& store, StoreKind kind) {
+  std::shared_ptr<Backend> backend = detail::BackendOf(store->Session());
+  std::vector<TableCopy> sums;
+  for (const SchemaTable& table : SchemaTables(kind)) sums.push_back(Sum(*backend, table));
+  return sums;
+}
+
+bool StoreHoldsRows(const StoreConnectionPtr& store, StoreKind kind) {
+  std::shared_ptr<Backend> backend = detail::BackendOf(store->Session());
+  for (const SchemaTable& table : SchemaTables(kind)) {
+    detail::QueryResult result = backend->Query("SELECT COUNT(*) AS [n] FROM [" + table.name + "]");
+    if (!result.cells.empty() && result.cells[0].kind() == Variant::Integer && result.cells[0].AsInteger() > 0)
+      return true;
+  }
+  return false;
+}
+
+std::vector<TableCopy> CopyStore(const StoreConnectionPtr& source, const StoreConnectionPtr& target, StoreKind kind,
+                                 const CopyOptions& options) {
+  std::shared_ptr<Backend> from = detail::BackendOf(source->Session());
+  std::shared_ptr<Backend> to = detail::BackendOf(target->Session());
+  const std::vector<SchemaTable>& tables = SchemaTables(kind);
+  to->ExecuteNative(Begin(*to));
+  try {
+    if (StoreHoldsRows(target, kind)) {
+      if (!options.replace)
+        throw StoreError("the target store holds rows already", to->Path(),
+                         "a copy goes only into an empty store, or replaces what it holds when asked to");
+      // Children first: the cascades would take them anyway, but not those
+      // without one.
+      for (auto table = tables.rbegin(); table != tables.rend(); ++table)
+        to->ExecuteNative("DELETE FROM \"" + table->name + "\"");
+    }
+    for (const SchemaTable& table : tables) CopyTable(*from, *to, table, options);
+    std::vector<TableCopy> sums = StoreChecksums(source, kind);
+    std::vector<TableCopy> copied = StoreChecksums(target, kind);
+    for (std::size_t i = 0; i < sums.size(); ++i)
+      if (sums[i].rows != copied[i].rows || sums[i].checksum != copied[i].checksum)
+        throw StoreError("the copy does not read back as the source", to->Path(),
+                         "table " + sums[i].table + ": " + std::to_string(sums[i].rows) + " rows in the source, " +
+                             std::to_string(copied[i].rows) + " in the copy, checksums " +
+                             std::to_string(sums[i].checksum) + " and " + std::to_string(copied[i].checksum));
+    to->ExecuteNative("COMMIT");
+    return sums;
+  } catch (...) {
+    try {
+      to->ExecuteNative("ROLLBACK");
+    } catch (const StoreError&) {
+      // The connection is gone: the server has rolled back.
+    }
+    throw;
+  }
+}
+
+}  // namespace ormelix
