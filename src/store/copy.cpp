@@ -82,10 +82,6 @@ TableCopy Sum(Backend& backend, const SchemaTable& table) {
   return sum;
 }
 
-std::string Begin(const Backend& backend) {
-  return backend.Dialect() == detail::SqlDialect::Sqlite ? "BEGIN IMMEDIATE" : "BEGIN";
-}
-
 void CopyTable(Backend& from, Backend& to, const SchemaTable& table, const CopyOptions& options) {
   detail::QueryResult rows = from.Query(SelectAll(table));
   std::vector<std::string> names = ColumnsOf(table);
@@ -134,7 +130,7 @@ std::vector<TableCopy> CopyStore(const StoreConnectionPtr& source, const StoreCo
   std::shared_ptr<Backend> from = detail::BackendOf(source->Session());
   std::shared_ptr<Backend> to = detail::BackendOf(target->Session());
   const std::vector<SchemaTable>& tables = SchemaTables(kind);
-  to->ExecuteNative(Begin(*to));
+  to->BeginWrite();  // the target's write lock, held to the end: no other program writes between
   try {
     if (StoreHoldsRows(target, kind)) {
       if (!options.replace)
@@ -154,11 +150,11 @@ std::vector<TableCopy> CopyStore(const StoreConnectionPtr& source, const StoreCo
                          "table " + sums[i].table + ": " + std::to_string(sums[i].rows) + " rows in the source, " +
                              std::to_string(copied[i].rows) + " in the copy, checksums " +
                              std::to_string(sums[i].checksum) + " and " + std::to_string(copied[i].checksum));
-    to->ExecuteNative("COMMIT");
+    to->CommitWrite();
     return sums;
   } catch (...) {
     try {
-      to->ExecuteNative("ROLLBACK");
+      to->RollbackWrite();
     } catch (const StoreError&) {
       // The connection is gone: the server has rolled back.
     }

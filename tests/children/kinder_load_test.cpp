@@ -109,8 +109,13 @@ TEST_F(KinderLoadTest, ARowThatCannotBeReadNamesTableColumnAndRowAndLeavesTheLis
     // The bad row is the second child (born later), or an entry of the first.
     const std::string child = Child("Marie", D(2019, 5, 10));
     const std::string bad = std::string(c.table) == "Mitarbeiter_Kinder" ? child : AddEntry(good, {.zeitraum = 202301});
-    db->Session().ExecuteSql("UPDATE [" + std::string(c.table) + "] SET [" + c.column + "]=" + c.value +
-                             " WHERE [ID]=" + bad);
+    try {
+      db->Session().ExecuteSql("UPDATE [" + std::string(c.table) + "] SET [" + c.column + "]=" + c.value +
+                               " WHERE [ID]=" + bad);
+    } catch (const StoreError&) {
+      if (test::OnPostgres()) continue;  // its number columns hold no text and nothing out of their range
+      throw;
+    }
     try {
       kinder->Load();
       ADD_FAILURE() << "the load read the bad row";

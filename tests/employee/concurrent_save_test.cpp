@@ -182,7 +182,9 @@ TEST_F(ConcurrentSaveTest, AHostKilledWhileSavingLeavesASoundStoreWithEverySaveI
       last = {zeitraum, gehalt};
     }
 
-    EXPECT_EQ(test::RawConnection(path).Text("PRAGMA integrity_check"), "ok") << "round " << round;
+    if (!test::OnPostgres()) {  // the server keeps its own files sound
+      EXPECT_EQ(test::RawConnection(path).Text("PRAGMA integrity_check"), "ok") << "round " << round;
+    }
     auto stored = StoredMonths();
     for (const auto& [month, values] : stored) ASSERT_EQ(values.size(), 1u) << "round " << round << ", " << month;
     for (const auto& [month, value] : acknowledged) {

@@ -88,6 +88,7 @@ TEST_F(WriteTransactionTest, AnotherProgramsWriteWaitsAndThenFailsNamingTheStore
 }
 
 TEST_F(WriteTransactionTest, OpeningALockedStoreWaitsTheBusyTimeout) {
+  ORMELIX_SQLITE_ONLY();
   db->Session().CloseStore();
   test::RawConnection locker(path);
   locker.Run("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; INSERT INTO \"Basiswerte\" (\"Bezeichnung\") "
@@ -113,6 +114,7 @@ TEST_F(WriteTransactionTest, OpeningALockedStoreWaitsTheBusyTimeout) {
 }
 
 TEST_F(WriteTransactionTest, AStoreThatMovedOrWentTakesNoWrite) {
+  ORMELIX_SQLITE_ONLY();
   AddFolder(db, "before");
   const std::string elsewhere = dir.File("elsewhere.db");
   auto expect_refused = [&](const char* what) {
@@ -193,6 +195,7 @@ class StoreBeforeUniqueKeys : public WriteTransactionTest {
 };
 
 TEST_F(StoreBeforeUniqueKeys, GetsItsUniqueKeysWhenOpenedWritable) {
+  ORMELIX_SQLITE_ONLY();
   MakeVersion1(false);
   StoreConnection::Open(path, "readonly");  // a read-only open changes nothing
   EXPECT_EQ(Version(), "1");
@@ -202,6 +205,7 @@ TEST_F(StoreBeforeUniqueKeys, GetsItsUniqueKeysWhenOpenedWritable) {
 }
 
 TEST_F(StoreBeforeUniqueKeys, WithTwoRowsOfOneMonthOpensKeepsThemAndTriesAgainLater) {
+  ORMELIX_SQLITE_ONLY();
   MakeVersion1(true);
   auto opened = StoreConnection::Open(path);
   EXPECT_EQ(test::CountRows(opened, "Mitarbeiter_Lohnzettel"), 2);  // nothing deleted

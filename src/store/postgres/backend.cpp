@@ -203,6 +203,7 @@ class PostgresBackend final : public Backend {
     ConnectOptions options = ParseConnect(connect, path);
     server_ = Server::Of(path);
     settings_.read_only = options.read_only && !create;
+    settings_.lock_timeout_ms = options.busy_timeout_ms;
     cache_limit_ = options.statement_cache;
     conn_ = postgres::Connect(server_, settings_, create);
     path_ = server_.shown;
@@ -210,6 +211,7 @@ class PostgresBackend final : public Backend {
   }
 
   void Close() override {
+    own_write_ = joined_ = step_saved_ = false;
     statements_.clear();
     order_.clear();
     tables_.clear();
@@ -283,6 +285,7 @@ class PostgresBackend final : public Backend {
     std::vector<Affinity> affinities = ParamAffinities(statement, insert, table, columns);
     if (cache_limit_ == 0) Forget(statement);
     std::string sql = "COPY " + QuoteIdentifier(table) + " (" + names + ") FROM STDIN";
+    SaveStep();
     ResultHandle start(PQexec(conn_.get(), sql.c_str()));
     if (start.Status() != PGRES_COPY_IN) Refused(sql, start.get());
     std::string buffer;
@@ -326,6 +329,56 @@ class PostgresBackend final : public Backend {
     RunWrite(sql, {row_key}, table, {});
   }
 
+  // One writer at a time per store, as SQLite's BEGIN IMMEDIATE has it: the
+  // transaction takes a lock of the store's schema (an advisory lock, held to its
+  // end) before it reads anything. A save that looks for its row and then
+  // inserts it is so never run beside another program's save of the same row:
+  // the second waits (up to the busy timeout, as lock_timeout), then finds the
+  // first one's row and changes it, and two first saves of one pay month leave
+  // one whole row. The unique indexes of the schema guard the same keys against
+  // programs that write without the lock. Reads take no lock and see what
+  // committed before each statement.
+  void BeginWrite() override {
+    RequireOpen("BEGIN");
+    if (settings_.read_only)
+      throw StoreError("the store is open read-only; nothing was written", path_,
+                       "it was opened with 'readonly' in its connect text");
+    // A transaction the host began by its own statement (BEGIN) is joined and
+    // left for the host to end.
+    joined_ = PQtransactionStatus(conn_.get()) != PQTRANS_IDLE;
+    if (joined_) return;
+    ResultHandle result(PQexec(conn_.get(), "BEGIN; SELECT pg_advisory_xact_lock(1869440344, hashtext(current_schema()))"));
+    if (postgres::Failed(result.get())) {
+      const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
+      ResultHandle ignored(PQexec(conn_.get(), "ROLLBACK"));
+      if (state && std::string_view(state) == "55P03")
+        throw StoreError("the store is locked by another program", path_,
+                         "it stayed locked longer than " + std::to_string(settings_.lock_timeout_ms) +
+                             " ms (SQLSTATE 55P03, server " + server_.shown +
+                             "); try again when the other program has finished");
+      Refused("BEGIN", result.get());
+    }
+    own_write_ = true;
+    step_saved_ = false;
+  }
+
+  void CommitWrite() override {
+    if (std::exchange(joined_, false) || !std::exchange(own_write_, false)) return;
+    RequireOpen("COMMIT");
+    bool failed = PQtransactionStatus(conn_.get()) == PQTRANS_INERROR;
+    ResultHandle result(PQexec(conn_.get(), failed ? "ROLLBACK" : "COMMIT"));
+    if (postgres::Failed(result.get())) Refused("COMMIT", result.get());
+    if (failed)
+      throw StoreError("the write transaction failed; nothing of it was written", "COMMIT",
+                       "a statement of it failed (server " + server_.shown + ")");
+  }
+
+  void RollbackWrite() override {
+    if (std::exchange(joined_, false) || !std::exchange(own_write_, false) || !conn_) return;
+    if (PQstatus(conn_.get()) != CONNECTION_OK || PQtransactionStatus(conn_.get()) == PQTRANS_IDLE) return;
+    ResultHandle ignored(PQexec(conn_.get(), "ROLLBACK"));
+  }
+
   Variant Normalize(const Variant& value, Affinity affinity) const override {
     if (affinity == Affinity::Any && value.IsNumber()) return UntypedValue(UntypedText(StoredForm(value, affinity)));
     return StoredForm(value, affinity);
@@ -345,6 +398,9 @@ class PostgresBackend final : public Backend {
     // A connection the server dropped (a restart, an administrator) is made
     // anew before the next statement; its prepared statements went with it.
     if (PQstatus(conn_.get()) == CONNECTION_BAD) {
+      // Within a write transaction the lost connection took the transaction
+      // with it: that save fails whole.
+      if (own_write_) Refused(subject, nullptr);
       statements_.clear();
       order_.clear();
       PQreset(conn_.get());
@@ -353,7 +409,24 @@ class PostgresBackend final : public Backend {
     }
   }
 
+  // Within a write transaction of ours every statement runs after a savepoint,
+  // so that one the server refuses is undone alone and the transaction goes on
+  // with what was written before it, as on SQLite (where a failed statement
+  // ends nothing). One round trip more per statement of a save; loads run
+  // outside transactions and pay nothing.
+  void SaveStep() {
+    if (!own_write_ || PQtransactionStatus(conn_.get()) != PQTRANS_INTRANS) return;
+    ResultHandle result(PQexec(conn_.get(), step_saved_ ? "RELEASE SAVEPOINT ormelix_step; SAVEPOINT ormelix_step"
+                                                        : "SAVEPOINT ormelix_step"));
+    if (postgres::Failed(result.get())) Refused("SAVEPOINT", result.get());
+    step_saved_ = true;
+  }
+
   [[noreturn]] void Refused(std::string_view subject, const PGresult* result) {
+    if (own_write_ && step_saved_ && conn_ && PQstatus(conn_.get()) == CONNECTION_OK &&
+        PQtransactionStatus(conn_.get()) == PQTRANS_INERROR) {
+      ResultHandle undone(PQexec(conn_.get(), "ROLLBACK TO SAVEPOINT ormelix_step"));
+    }
     postgres::ThrowRefused("statement refused by the store", subject, conn_.get(), result, server_);
   }
 
@@ -377,6 +450,7 @@ class PostgresBackend final : public Backend {
     std::vector<Oid> types(params.size(), kUnknown);
     if (declare) std::transform(params.begin(), params.end(), types.begin(), DeclaredType);
     std::string name = cache_limit_ > 0 ? "ormelix_" + std::to_string(++prepared_) : "";
+    SaveStep();
     ResultHandle result(PQprepare(conn_.get(), name.c_str(), text.c_str(), static_cast<int>(types.size()),
                                   types.data()));
     if (postgres::Failed(result.get())) Refused(subject, result.get());
@@ -399,6 +473,7 @@ class PostgresBackend final : public Backend {
 
   ResultHandle Execute(Statement& statement, const std::vector<Variant>& params, std::string_view subject) {
     texts_.Set(params, statement.param_affinities);
+    SaveStep();
     ResultHandle result(PQexecPrepared(conn_.get(), statement.name.c_str(), static_cast<int>(params.size()),
                                        texts_.values.data(), nullptr, nullptr, 0));
     if (postgres::Failed(result.get())) Refused(subject, result.get());
@@ -542,6 +617,9 @@ class PostgresBackend final : public Backend {
   std::list<std::string> order_;  // oldest first, for eviction
   std::unordered_map<Oid, std::string> tables_;
   ParamTexts texts_;
+  bool own_write_ = false;   // a write transaction of ours is open
+  bool joined_ = false;      // BeginWrite found the host's own transaction open
+  bool step_saved_ = false;  // the savepoint of the latest statement is set
 };
 
 }  // namespace

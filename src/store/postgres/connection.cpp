@@ -65,7 +65,10 @@ void CreateDatabase(const Server& server, PGconn* refused) {
                     " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'";
   ResultHandle result(PQexec(admin.get(), sql.c_str()));
   const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
-  if (Failed(result.get()) && !(state && std::string_view(state) == "42P04"))
+  // Two programs making it at once: the second learns of the first as 42P04, or,
+  // when both got past the check, as the unique key of the catalogue (23505).
+  bool made_meanwhile = state && (std::string_view(state) == "42P04" || std::string_view(state) == "23505");
+  if (Failed(result.get()) && !made_meanwhile)
     ThrowRefused("cannot create the store's database", sql, admin.get(), result.get(), server);
 }
 
