@@ -538,6 +538,11 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
   PgStatement steps(db, "s",
                     "SELECT * FROM \"Mitarbeiter_Laufbahn\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"Datum\" ASC, \"Nr\" ASC");
   PgStatement reasons(reference, "g", "SELECT * FROM \"DM_Austrittsgründe\"");
+  PgStatement children(db, "k", "SELECT * FROM \"Mitarbeiter_Kinder\" WHERE \"MitarbeiterID\"=$1 ORDER BY \"GebDatum\" ASC");
+  PgStatement child_entries(db, "z", "SELECT * FROM \"Mitarbeiter_Kinder_ZB\" WHERE \"KID\"=$1 ORDER BY \"Zeitraum\" ASC");
+  PgStatement benefits(db, "el",
+                       "SELECT * FROM \"Mitarbeiter_Lohnzettel_EL\" WHERE \"LohnzettelID\"=$1 ORDER BY \"Zeitraum\" ASC");
+  PgStatement shorttime(db, "ka", "SELECT * FROM \"Mitarbeiter_Lohnzettel_Kurzarbeit\" WHERE \"LohnzettelID\"=$1");
   PgStatement master(db, "m", "SELECT * FROM \"Mitarbeiter\" WHERE \"ID\"=$1");
   PgStatement bank(db, "b", "SELECT * FROM \"Mitarbeiter_Bankverbindung\" WHERE \"MitarbeiterID\"=$1");
   PgStatement lines(db, "l",
@@ -558,8 +563,8 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
   }
   std::unordered_map<std::string, bool> has_replacement;
   std::string first = std::to_string(kYear * 100 + 1), last = std::to_string(kYear * 100 + 12);
-  PGresult* benefits = replacements.Run({first.c_str(), last.c_str()});
-  for (int row = 0; row < PQntuples(benefits); ++row) has_replacement[PQgetvalue(benefits, row, 0)] = true;
+  PGresult* in_year = replacements.Run({first.c_str(), last.c_str()});
+  for (int row = 0; row < PQntuples(in_year); ++row) has_replacement[PQgetvalue(in_year, row, 0)] = true;
 
   std::vector<RawEmployee> result;
   std::string year_text = std::to_string(kYear);
@@ -597,6 +602,13 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
         break;
       }
     }
+    PGresult* kids = children.Run({id.c_str()});
+    for (int row = 0; row < PQntuples(kids); ++row) {
+      RawChild& child = employee.children.emplace_back();
+      ReadRow(kids, row, child.row);
+      PGresult* entries = child_entries.Run({PQgetvalue(kids, row, 1)});
+      for (int entry = 0; entry < PQntuples(entries); ++entry) ReadRow(entries, entry, child.entries.emplace_back());
+    }
     rows = master.Run({id.c_str()});
     if (PQntuples(rows)) ReadRow(rows, 0, employee.master);
     rows = bank.Run({id.c_str()});
@@ -607,7 +619,17 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
       if (zeitraum / 100 == kYear && zeitraum % 100 >= 1 && zeitraum % 100 <= 12)
         ReadRow(rows, row, employee.lines.emplace_back());
     }
-    ReadMonths(pay.Run({id.c_str()}), employee.months);
+    PGresult* months = pay.Run({id.c_str()});
+    for (int row = 0; row < PQntuples(months); ++row) {
+      int zeitraum = static_cast<int>(Number(months, row, 3));
+      if (zeitraum / 100 != kYear || zeitraum % 100 < 1 || zeitraum % 100 > 12) continue;
+      const auto month = static_cast<std::size_t>(zeitraum % 100);
+      ReadRow(months, row, employee.months[month]);
+      PGresult* extra = benefits.Run({PQgetvalue(months, row, 1)});
+      for (int b = 0; b < PQntuples(extra); ++b) ReadRow(extra, b, employee.benefits[month].emplace_back());
+      extra = shorttime.Run({PQgetvalue(months, row, 1)});
+      if (PQntuples(extra)) ReadRow(extra, 0, employee.shorttime[month]);
+    }
     ReadMonths(transfers.Run({id.c_str()}), employee.transfers);
     rows = year.Run({id.c_str(), year_text.c_str()});
     if (PQntuples(rows)) ReadRow(rows, 0, employee.year);
