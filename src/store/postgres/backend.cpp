@@ -211,7 +211,7 @@ class PostgresBackend final : public Backend {
   }
 
   void Close() override {
-    own_write_ = joined_ = step_saved_ = false;
+    own_write_ = joined_ = step_saved_ = reading_ = false;
     statements_.clear();
     order_.clear();
     tables_.clear();
@@ -338,7 +338,23 @@ class PostgresBackend final : public Backend {
   // one whole row. The unique indexes of the schema guard the same keys against
   // programs that write without the lock. Reads take no lock and see what
   // committed before each statement.
+  // A read snapshot is a transaction of repeatable reads: every statement of it
+  // sees the store as of its first.
+  void BeginRead() override {
+    if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK || PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return;
+    ResultHandle result(PQexec(conn_.get(), "BEGIN ISOLATION LEVEL REPEATABLE READ"));
+    if (postgres::Failed(result.get())) Refused("BEGIN", result.get());
+    reading_ = true;
+  }
+
+  void EndRead() override {
+    if (std::exchange(reading_, false)) EndReading();
+  }
+
   void BeginWrite() override {
+    // A read snapshot ends here: the write needs a transaction of its own, so that
+    // its Commit makes it durable at once.
+    if (std::exchange(reading_, false)) EndReading();
     RequireOpen("BEGIN");
     if (settings_.read_only)
       throw StoreError("the store is open read-only; nothing was written", path_,
@@ -401,6 +417,7 @@ class PostgresBackend final : public Backend {
       // Within a write transaction the lost connection took the transaction
       // with it: that save fails whole.
       if (own_write_) Refused(subject, nullptr);
+      reading_ = false;  // the snapshot went with the connection
       statements_.clear();
       order_.clear();
       PQreset(conn_.get());
@@ -422,7 +439,21 @@ class PostgresBackend final : public Backend {
     step_saved_ = true;
   }
 
+  // Ends the transaction of a read snapshot; it wrote nothing.
+  void EndReading() {
+    if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK || PQtransactionStatus(conn_.get()) == PQTRANS_IDLE) return;
+    ResultHandle ignored(PQexec(conn_.get(), "ROLLBACK"));
+  }
+
   [[noreturn]] void Refused(std::string_view subject, const PGresult* result) {
+    // A refused statement spoils the transaction of a read snapshot for every
+    // statement after it: the snapshot ends, and the reads after it (of a caller
+    // that goes on) run statement by statement, as they would on SQLite.
+    if (reading_ && conn_ && PQstatus(conn_.get()) == CONNECTION_OK &&
+        PQtransactionStatus(conn_.get()) == PQTRANS_INERROR) {
+      reading_ = false;
+      EndReading();
+    }
     if (own_write_ && step_saved_ && conn_ && PQstatus(conn_.get()) == CONNECTION_OK &&
         PQtransactionStatus(conn_.get()) == PQTRANS_INERROR) {
       ResultHandle undone(PQexec(conn_.get(), "ROLLBACK TO SAVEPOINT ormelix_step"));
@@ -620,6 +651,7 @@ class PostgresBackend final : public Backend {
   bool own_write_ = false;   // a write transaction of ours is open
   bool joined_ = false;      // BeginWrite found the host's own transaction open
   bool step_saved_ = false;  // the savepoint of the latest statement is set
+  bool reading_ = false;     // a read snapshot (BeginRead) is open
 };
 
 }  // namespace
