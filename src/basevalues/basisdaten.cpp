@@ -65,7 +65,10 @@ bool clsBasisdaten::ExistBezeichnung(const std::string& pBezeichnung) const {
 void clsBasisdaten::Load() {
   auto manager = manager_.Get();
   folders_.Clear();
-  const ormelix::detail::LoadSnapshot snapshot(*manager);  // every folder as of one moment
+  // Every folder as of one moment; the value tables that the routine of each dated
+  // table reads whole are read once for the load.
+  const ormelix::detail::LoadSnapshot snapshot(*manager);
+  StoreSharedReads shared(manager->AktDB() ? &manager->AktDB()->Session() : nullptr);
   auto rs = modBasiswerte::detail::OpenRead(
       *manager,
       "SELECT [ID] FROM [Basiswerte] ORDER BY [Standardordner] ASC, [Wiederherstellung] DESC, [Bezeichnung] ASC");

@@ -16,9 +16,9 @@ using detail::ColumnInfo;
 using detail::CompareOp;
 using detail::FilterNode;
 
-namespace {
-
 using RowList = std::vector<std::uint32_t>;
+
+namespace detail {
 
 // Rows of one column by value, so that an equality term of a filter costs a hash
 // lookup instead of a scan. Texts are keyed in the store's text order, as the
@@ -66,7 +66,18 @@ struct ColumnIndex {
   }
 };
 
-}  // namespace
+// The rows of one read and the filter indexes made on them. A recordset holds
+// its own; within a StoreSharedReads scope the recordsets of one statement share
+// the rows of its first read.
+struct RowSet {
+  std::shared_ptr<const ColumnLayout> layout;
+  std::vector<Variant> cells;  // row-major
+  mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
+};
+
+}  // namespace detail
+
+using detail::ColumnIndex;
 
 // Below this many rows a filter tests every row rather than build an index.
 constexpr std::size_t kRowsWorthAnIndex = 64;
@@ -79,15 +90,21 @@ struct Recordset::Impl {
   bool open = true;
 
   std::shared_ptr<const detail::ColumnLayout> layout;
-  std::vector<Variant> cells;  // row-major
+  detail::RowSet own;                     // the rows of this recordset's read,
+  detail::RowSet* rows = &own;            // or those it shares:
+  std::shared_ptr<detail::RowSet> shared;  // with the recordsets of a StoreSharedReads scope
   std::vector<char> deleted;
   std::string base_table;
   int key_column = -1;
 
   std::string filter_text;
   std::shared_ptr<const FilterNode> filter;
-  RowList view;
-  long pos = 0;  // -1 before the first row, view.size() after the last
+  // The rows the filter lets through, in order. Without a filter the view is
+  // every row not deleted, made only when first asked for: a recordset on the
+  // shared rows of a whole table is mostly filtered before it is walked.
+  RowList view_;
+  bool view_all_pending = false;
+  long pos = 0;  // -1 before the first row, the view's size after the last
 
   enum Mode { None, Editing, Adding } mode = None;
   std::vector<Variant> edit_row;
@@ -99,11 +116,9 @@ struct Recordset::Impl {
   bool fetched = false;
   std::optional<std::vector<Variant>> inserted;
 
-  mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
-
   std::size_t Width() const { return layout->Size(); }
   const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
-  std::size_t RowCount() const { return Width() ? cells.size() / Width() : 0; }
+  std::size_t RowCount() const { return Width() ? rows->cells.size() / Width() : 0; }
   bool IsDeleted(std::uint32_t row) const { return !deleted.empty() && deleted[row]; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
@@ -121,11 +136,22 @@ struct Recordset::Impl {
 
   void Load(detail::QueryResult result) {
     SetLayout(std::move(result.layout));
-    cells = std::move(result.cells);
+    shared.reset();  // a read of its own (a Requery) leaves shared rows alone
+    rows = &own;
+    own.cells = std::move(result.cells);
     // Both are made when first needed: most recordsets never delete a row or
     // filter by a column's index, and a load opens thousands.
     deleted.clear();
-    indexes.clear();
+    own.indexes.clear();
+    fetched = true;
+  }
+
+  // Stands on the rows another recordset of the same statement read.
+  void Share(std::shared_ptr<detail::RowSet> rowset) {
+    SetLayout(rowset->layout);
+    shared = std::move(rowset);
+    rows = shared.get();
+    deleted.clear();
     fetched = true;
   }
 
@@ -138,8 +164,8 @@ struct Recordset::Impl {
     if (!inserted) return;
     const Variant key = (*inserted)[key_column];
     inserted.reset();
-    for (std::size_t i = 0; i < view.size(); ++i)
-      if (cells[static_cast<std::size_t>(view[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
+    for (std::size_t i = 0; i < View().size(); ++i)
+      if (rows->cells[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
   }
 
   int Lookup(std::string_view name) const { return layout->Lookup(name); }
@@ -156,14 +182,14 @@ struct Recordset::Impl {
   bool HasRow() {
     if (mode == Adding || inserted) return true;
     EnsureFetched();
-    return pos >= 0 && pos < static_cast<long>(view.size());
+    return pos >= 0 && pos < static_cast<long>(View().size());
   }
 
   // The current row's cells, or nullptr at no current row.
   const Variant* Row() {
     if (inserted) return inserted->data();
     if (!HasRow()) return nullptr;
-    return &cells[static_cast<std::size_t>(view[pos]) * Width()];
+    return &rows->cells[static_cast<std::size_t>(View()[pos]) * Width()];
   }
 
   const Variant* Cell(int column) {
@@ -173,13 +199,13 @@ struct Recordset::Impl {
   }
 
   const ColumnIndex& IndexOf(int column) const {
-    if (indexes.size() < Width()) indexes.resize(Width());
-    if (!indexes[column]) {
+    if (rows->indexes.size() < Width()) rows->indexes.resize(Width());
+    if (!rows->indexes[column]) {
       auto index = std::make_unique<ColumnIndex>();
-      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(cells[row * Width() + column], row);
-      indexes[column] = std::move(index);
+      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(rows->cells[row * Width() + column], row);
+      rows->indexes[column] = std::move(index);
     }
-    return *indexes[column];
+    return *rows->indexes[column];
   }
 
   // Rows that may match: those of the most selective equality term that has an
@@ -198,28 +224,36 @@ struct Recordset::Impl {
     if (terms.empty()) return std::nullopt;
     std::optional<RowList> best;
     for (const FilterNode* term : terms) {
-      if (static_cast<std::size_t>(term->column) >= indexes.size() || !indexes[term->column]) continue;
-      RowList rows = indexes[term->column]->Lookup(term->literal);
-      if (!best || rows.size() < best->size()) best = std::move(rows);
+      if (static_cast<std::size_t>(term->column) >= rows->indexes.size() || !rows->indexes[term->column]) continue;
+      RowList matches = rows->indexes[term->column]->Lookup(term->literal);
+      if (!best || matches.size() < best->size()) best = std::move(matches);
     }
     if (!best) best = IndexOf(terms.front()->column).Lookup(terms.front()->literal);
     return best;
   }
 
   void ApplyFilter() {
-    view.clear();
-    if (!filter) {
-      view.reserve(RowCount());
-      for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!IsDeleted(row)) view.push_back(row);
-    } else if (auto candidates = Candidates(*filter)) {
+    view_.clear();
+    view_all_pending = !filter;
+    if (!filter) return void(pos = 0);
+    if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
     } else {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &cells[row * Width()])) view.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
     }
     pos = 0;
+  }
+
+  RowList& View() {
+    if (view_all_pending) {
+      view_all_pending = false;
+      view_.reserve(RowCount());
+      for (std::uint32_t row = 0; row < RowCount(); ++row)
+        if (!IsDeleted(row)) view_.push_back(row);
+    }
+    return view_;
   }
 
   FilterNode Parse(std::string_view criteria) const {
@@ -264,20 +298,21 @@ struct Recordset::Impl {
         inserted = std::move(row);
         return;
       }
+      RowList& view = View();  // made before the new row joins the rows
       auto new_row = static_cast<std::uint32_t>(RowCount());
-      cells.insert(cells.end(), row.begin(), row.end());
+      rows->cells.insert(rows->cells.end(), row.begin(), row.end());
       if (!deleted.empty()) deleted.push_back(0);
-      for (std::size_t i = 0; i < indexes.size(); ++i)
-        if (indexes[i]) indexes[i]->Add(cells[new_row * Width() + i], new_row);
+      for (std::size_t i = 0; i < rows->indexes.size(); ++i)
+        if (rows->indexes[i]) rows->indexes[i]->Add(rows->cells[new_row * Width() + i], new_row);
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      Variant* row = inserted ? inserted->data() : &cells[static_cast<std::size_t>(view[pos]) * Width()];
+      Variant* row = inserted ? inserted->data() : &rows->cells[static_cast<std::size_t>(View()[pos]) * Width()];
       backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
         row[i] = backend->Normalize(edit_row[i], Column(i).affinity);
-        if (!inserted && i < indexes.size()) indexes[i].reset();
+        if (!inserted && i < rows->indexes.size()) rows->indexes[i].reset();
       }
     }
     mode = None;
@@ -332,20 +367,44 @@ Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, 
   else impl_->SetLayout(impl_->backend->Describe(impl_->sql));
 }
 
+Recordset::Recordset(std::shared_ptr<detail::Backend> backend, std::string sql,
+                     std::shared_ptr<detail::RowSet> rows)
+    : impl_(std::make_unique<Impl>()) {
+  impl_->backend = std::move(backend);
+  impl_->sql = std::move(sql);
+  impl_->cursor = adOpenForwardOnly;
+  impl_->lock = adLockReadOnly;
+  impl_->Share(std::move(rows));
+  impl_->ApplyFilter();
+}
+
+std::shared_ptr<detail::RowSet> Recordset::ShareRows() {
+  Impl& d = *impl_;
+  if (d.lock != adLockReadOnly) d.Fail("only the rows of a read-only recordset are shared");
+  d.EnsureFetched();
+  if (!d.shared) {
+    d.own.layout = d.layout;
+    d.shared = std::make_shared<detail::RowSet>(std::move(d.own));
+    d.own = detail::RowSet{};
+    d.rows = d.shared.get();
+  }
+  return d.shared;
+}
+
 Recordset::~Recordset() {
-  if (impl_ && impl_->backend) impl_->backend->Recycle(std::move(impl_->cells));
+  if (impl_ && impl_->backend) impl_->backend->Recycle(std::move(impl_->own.cells));
 }
 
 bool Recordset::Eof() const {
   if (impl_->mode == Impl::Adding || impl_->inserted) return false;
   impl_->EnsureFetched();
-  return impl_->pos >= static_cast<long>(impl_->view.size()) || impl_->view.empty();
+  return impl_->pos >= static_cast<long>(impl_->View().size()) || impl_->View().empty();
 }
 
 bool Recordset::Bof() const {
   if (impl_->mode == Impl::Adding || impl_->inserted) return false;
   impl_->EnsureFetched();
-  return impl_->pos < 0 || impl_->view.empty();
+  return impl_->pos < 0 || impl_->View().empty();
 }
 
 void Recordset::MoveNext() {
@@ -375,12 +434,12 @@ void Recordset::MoveLast() {
   impl_->RequireOpen();
   impl_->FlushPending();
   impl_->EnsureFetched();
-  impl_->pos = impl_->view.empty() ? 0 : static_cast<long>(impl_->view.size()) - 1;
+  impl_->pos = impl_->View().empty() ? 0 : static_cast<long>(impl_->View().size()) - 1;
 }
 
 long Recordset::RecordCount() const {
   impl_->EnsureFetched();
-  return static_cast<long>(impl_->view.size());
+  return static_cast<long>(impl_->View().size());
 }
 
 Field Recordset::Fields(std::string_view name) const { return Field(this, impl_->Resolve(name)); }
@@ -461,11 +520,11 @@ void Recordset::Delete() {
   d.mode = Impl::None;
   d.EnsureFetched();
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
-  std::uint32_t row = d.view[d.pos];
-  d.backend->DeleteRow(d.base_table, d.cells[row * d.Width() + d.key_column]);
+  std::uint32_t row = d.View()[d.pos];
+  d.backend->DeleteRow(d.base_table, d.rows->cells[row * d.Width() + d.key_column]);
   if (d.deleted.empty()) d.deleted.assign(d.RowCount(), 0);
   d.deleted[row] = 1;
-  d.view.erase(d.view.begin() + d.pos);
+  d.View().erase(d.View().begin() + d.pos);
 }
 
 void Recordset::Filter(std::string_view criteria) {
@@ -492,13 +551,13 @@ void Recordset::Find(std::string_view criteria) {
   d.EnsureFetched();
   auto node = d.layout->ParsedFilter(criteria, [&d](std::string_view text) { return d.Parse(text); });
   long start = std::max(d.pos, 0L);
-  for (long i = start; i < static_cast<long>(d.view.size()); ++i) {
-    if (detail::Evaluate(*node, &d.cells[static_cast<std::size_t>(d.view[i]) * d.Width()])) {
+  for (long i = start; i < static_cast<long>(d.View().size()); ++i) {
+    if (detail::Evaluate(*node, &d.rows->cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
       d.pos = i;
       return;
     }
   }
-  d.pos = static_cast<long>(d.view.size());
+  d.pos = static_cast<long>(d.View().size());
 }
 
 void Recordset::Requery() {
@@ -518,10 +577,13 @@ void Recordset::Close() {
   impl_->open = false;
   impl_->fetched = true;  // nothing more to read
   impl_->inserted.reset();
-  impl_->indexes.clear();
-  impl_->backend->Recycle(std::move(impl_->cells));
-  impl_->cells = {};
-  impl_->view.clear();
+  impl_->own.indexes.clear();
+  impl_->backend->Recycle(std::move(impl_->own.cells));
+  impl_->own.cells = {};
+  impl_->shared.reset();
+  impl_->rows = &impl_->own;
+  impl_->view_.clear();
+  impl_->view_all_pending = false;
 }
 
 bool Recordset::IsOpen() const { return impl_->open; }

@@ -16,11 +16,23 @@ StoreSession::~StoreSession() = default;
 
 std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, CursorTypeEnum cursor, LockTypeEnum lock) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
+  if (shared_depth_ > 0) {
+    if (lock != adLockReadOnly) {
+      shared_rows_.clear();  // writes may follow: what was read is read afresh after them
+    } else if (auto found = shared_rows_.find(std::string(sql)); found != shared_rows_.end()) {
+      return std::make_unique<Recordset>(backend_, std::string(sql), found->second);
+    } else {
+      auto recordset = std::make_unique<Recordset>(backend_, std::string(sql), cursor, lock);
+      shared_rows_.emplace(std::string(sql), recordset->ShareRows());
+      return recordset;
+    }
+  }
   return std::make_unique<Recordset>(backend_, std::string(sql), cursor, lock);
 }
 
 Variant StoreSession::ExecuteSql(std::string_view sql, bool) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
+  shared_rows_.clear();
   return Variant(static_cast<std::int64_t>(backend_->Execute(sql)));
 }
 
@@ -28,11 +40,13 @@ bool StoreSession::IsOpen() const { return backend_->IsOpen(); }
 
 void StoreSession::OpenStore(const std::string& path, const std::string& connect) {
   write_depth_ = 0;
+  shared_rows_.clear();
   backend_->Open(path, connect);
 }
 
 void StoreSession::CloseStore() {
   write_depth_ = 0;  // closing drops an open transaction
+  shared_rows_.clear();
   backend_->Close();
 }
 
@@ -44,6 +58,7 @@ StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_
     : session_(session), on_unwind_(on_unwind) {
   if (!session_.backend_->IsOpen()) throw StoreError("the store is closed", "write transaction");
   outermost_ = session_.write_depth_ == 0;
+  session_.shared_rows_.clear();  // reads after the writes read afresh
   if (outermost_) session_.backend_->BeginWrite();
   ++session_.write_depth_;
 }
@@ -82,6 +97,16 @@ void StoreWriteTransaction::Commit() {
     }
     throw;
   }
+}
+
+StoreSharedReads::StoreSharedReads(StoreSession* session) : snapshot_(session), session_(session) {
+  if (session_ && session_->backend_->IsOpen()) ++session_->shared_depth_;
+  else session_ = nullptr;
+}
+
+StoreSharedReads::~StoreSharedReads() {
+  if (!session_) return;
+  if (session_->shared_depth_ > 0 && --session_->shared_depth_ == 0) session_->shared_rows_.clear();
 }
 
 StoreReadSnapshot::StoreReadSnapshot(StoreSession* session) : session_(session) {

@@ -101,6 +101,36 @@ TEST_F(RoundTripTest, ACopiedFolderEqualsItsSourceTableByTable) {
   for (const auto& [name, rows] : rows_per_table) EXPECT_EQ(test::CountRows(db, name), 6 * rows) << name;
 }
 
+// Basis.Load reads the whole value tables once for all dated tables and shares
+// them; loading each folder's tables on their own reads them anew for every
+// table. Both must give every value alike.
+TEST_F(RoundTripTest, ALoadThatSharesTheWholeTableReadsEqualsOneThatReadsThemPerTable) {
+  int seed = 1;
+  for (const char* name : {"Erster", "Zweiter", "Dritter"}) {
+    auto folder = FolderWithTables(name, {202301, 202307, 202401, 202407});
+    for (const auto& table : *folder->Zeittabellen()) {
+      AddBands(*table, 2);
+      test::FillBasisValues(*table, seed += 3000);
+      table->Update();
+    }
+  }
+  auto shared = Reopened();
+  shared->Basis()->Load();
+  auto apart = Reopened();
+  ASSERT_EQ(shared->Basis()->Count(), 3);
+  int compared = 0;
+  for (const auto& folder : *shared->Basis()) {
+    auto alone = std::make_shared<clsBasisordner>();
+    alone->LoadZeittabellen(*apart, folder->ID());  // outside Basis.Load: nothing shared
+    ASSERT_EQ(alone->Zeittabellen()->Count(), 4);
+    for (long i = 1; i <= 4; ++i, ++compared)
+      ExpectSameValues(test::ReadBasisValues(*folder->Zeittabellen()->Item(i)),
+                       test::ReadBasisValues(*alone->Zeittabellen()->Item(i)),
+                       folder->Bezeichnung + " table " + std::to_string(i));
+  }
+  EXPECT_EQ(compared, 12);
+}
+
 TEST_F(RoundTripTest, TheDeclarationsCoverEveryValueColumnOfTheSchema) {
   auto table = FolderWithTables("Standard", {202401})->Zeittabellen()->Item(1);
   AddBands(*table, 1);

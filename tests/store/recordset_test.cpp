@@ -200,6 +200,32 @@ TEST_F(RecordsetTest, AddingToAWholeTableReadsItsRowsOnlyWhenAsked) {
   EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202311);
 }
 
+// The unfiltered view of rows already read is made when first walked; a row added
+// before that walk, or after a filter is lifted, is counted once.
+TEST_F(RecordsetTest, ARowAddedToReadRowsIsCountedOnceWhateverTheFilterDid) {
+  AddPayRows();
+  auto rs = db->Session().OpenRecordset("SELECT * FROM [Mitarbeiter_Lohnzettel]", adOpenDynamic, adLockOptimistic);
+  rs->Filter("");  // reads the rows, walks none of them
+  rs->AddNew();
+  rs->Collect("MitarbeiterID", employee);
+  rs->Collect("Zeitraum", 202501);
+  rs->Update();
+  EXPECT_EQ(rs->RecordCount(), 15);
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202501);
+  rs->Filter("[Zeitraum]=202501");
+  EXPECT_EQ(rs->RecordCount(), 1);
+  rs->Filter("");
+  rs->AddNew();
+  rs->Collect("MitarbeiterID", employee);
+  rs->Collect("Zeitraum", 202502);
+  rs->Update();
+  EXPECT_EQ(rs->RecordCount(), 16);
+  rs->MoveLast();
+  EXPECT_EQ(ToLong(rs->Fields("Zeitraum")), 202502);
+  rs->Delete();
+  EXPECT_EQ(rs->RecordCount(), 15);
+}
+
 TEST_F(RecordsetTest, TheNewRowIsFoundAgainByNrAfterRequery) {
   auto rs = db->Session().OpenRecordset("SELECT * FROM [Mandanten]", adOpenDynamic, adLockOptimistic);
   rs->AddNew();

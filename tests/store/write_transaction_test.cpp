@@ -247,7 +247,38 @@ TEST_F(WriteTransactionTest, AReadSnapshotSeesOneStateAndAWriteWithinItIsDurable
     EXPECT_EQ(Folders(db), 3);     // and the reads after it see the store as it is
   }
   EXPECT_EQ(Folders(db), 3);
+  {
+    StoreReadSnapshot snapshot(&db->Session());
+    EXPECT_EQ(Folders(db), 3);
+    AddFolder(db, "plain write");  // a recordset's own write, without a transaction scope
+    EXPECT_EQ(Folders(other), 4);  // in the store at once, not with the snapshot's end
+  }
   StoreReadSnapshot on_nothing(nullptr);  // no store: nothing to do
+}
+
+}  // namespace
+
+namespace {
+
+// Within a StoreSharedReads scope a second read of a statement stands on the rows
+// of the first, with a filter of its own; a write in the scope makes the next read
+// read afresh.
+TEST_F(WriteTransactionTest, SharedReadsGiveTheRowsOfTheFirstReadUntilAWrite) {
+  AddFolder(db, "Alpha");
+  AddFolder(db, "Beta");
+  StoreSharedReads shared(&db->Session());
+  const std::string all = "SELECT * FROM [Basiswerte] ORDER BY [Bezeichnung]";
+  auto first = db->Session().OpenRecordset(all);
+  first->Filter("[Bezeichnung]='Beta'");
+  auto second = db->Session().OpenRecordset(all);
+  EXPECT_EQ(second->RecordCount(), 2);  // the filter of the first is its own
+  EXPECT_EQ(ValueHelpers::ToText(second->Fields("Bezeichnung")), "Alpha");
+  EXPECT_EQ(first->RecordCount(), 1);
+  second->Close();
+  EXPECT_EQ(ValueHelpers::ToText(first->Fields("Bezeichnung")), "Beta");  // closing one leaves the other
+
+  AddFolder(db, "Gamma");  // a write through a recordset of the session
+  EXPECT_EQ(db->Session().OpenRecordset(all)->RecordCount(), 3);
 }
 
 }  // namespace

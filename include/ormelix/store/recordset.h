@@ -24,6 +24,7 @@ namespace ormelix {
 namespace detail {
 class Backend;
 struct QueryResult;
+struct RowSet;
 }  // namespace detail
 
 // ADO's cursor and lock types, with their values. The cursor type is advisory.
@@ -59,6 +60,9 @@ class Field {
 class Recordset {
  public:
   Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, CursorTypeEnum cursor, LockTypeEnum lock);
+  // Library-internal: a read-only recordset on rows another recordset of the same
+  // statement read (see StoreSharedReads), standing on the first row.
+  Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, std::shared_ptr<detail::RowSet> rows);
   ~Recordset();
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
@@ -112,6 +116,9 @@ class Recordset {
 
   // Library-internal: the value of a column of the current row, or nullptr at no row.
   const Variant* CurrentCell(int column) const;
+  // Library-internal: the rows of this read-only recordset, to be shared by later
+  // recordsets of the same statement; this one goes on as it was.
+  std::shared_ptr<detail::RowSet> ShareRows();
   // Library-internal: the column indices that the declaration set with this key
   // binds to, made by make the first time and kept with the statement's columns,
   // so that the recordsets of one statement (one per employee) bind once.

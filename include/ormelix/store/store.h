@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/variant.h"
@@ -42,10 +43,14 @@ class StoreSession {
  private:
   friend class StoreWriteTransaction;
   friend class StoreReadSnapshot;
+  friend class StoreSharedReads;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  // open StoreWriteTransaction scopes
   int read_depth_ = 0;   // open StoreReadSnapshot scopes
+  int shared_depth_ = 0;  // open StoreSharedReads scopes
+  // The rows read in the open StoreSharedReads scopes, by statement text.
+  std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> shared_rows_;
 };
 
 // Reads of one scope see one state of the store: a load of many employees reads
@@ -65,6 +70,28 @@ class StoreReadSnapshot {
  private:
   StoreSession* session_;
   bool outermost_ = false;
+};
+
+// Within its scope the read-only recordsets of one statement text share the rows
+// of the first read of that text (with the indexes their filters made) instead
+// of reading them again: a load that reads a whole table for each of many objects
+// (the value tables of the base values, for every dated table) reads it once, so
+// that it grows with the store and not with its square. It holds a read snapshot,
+// so the shared rows are what a new read would give; a write within its scope
+// (a recordset opened for writing, an action statement, a write transaction)
+// drops what was shared, and the reads after it read afresh. Scopes nest; the
+// rows go with the outermost.
+class StoreSharedReads {
+ public:
+  // Nothing happens for a closed store.
+  explicit StoreSharedReads(StoreSession* session);
+  ~StoreSharedReads();
+  StoreSharedReads(const StoreSharedReads&) = delete;
+  StoreSharedReads& operator=(const StoreSharedReads&) = delete;
+
+ private:
+  StoreReadSnapshot snapshot_;
+  StoreSession* session_;
 };
 
 // One write transaction of a session: what is read and written between its start
