@@ -242,6 +242,7 @@ class PostgresBackend final : public Backend {
   }
 
   long Execute(std::string_view jet_sql) override {
+    EndSnapshotForWrite();
     const TranslatedSql& sql = Translate(jet_sql);
     ResultHandle result = Run(sql.text, sql.params, jet_sql, /*declare=*/true);
     return Changes(result.get());
@@ -255,6 +256,7 @@ class PostgresBackend final : public Backend {
 
   QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
                         const std::vector<Variant>& values) override {
+    EndSnapshotForWrite();
     std::string sql = "INSERT INTO " + QuoteIdentifier(table);
     if (columns.empty()) {
       sql += " DEFAULT VALUES";
@@ -311,6 +313,7 @@ class PostgresBackend final : public Backend {
 
   void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                  const std::vector<Variant>& values) override {
+    EndSnapshotForWrite();
     if (columns.empty()) return;
     std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
     for (std::size_t i = 0; i < columns.size(); ++i)
@@ -325,6 +328,7 @@ class PostgresBackend final : public Backend {
   }
 
   void DeleteRow(const std::string& table, const Variant& row_key) override {
+    EndSnapshotForWrite();
     std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$1";
     RunWrite(sql, {row_key}, table, {});
   }
@@ -354,7 +358,7 @@ class PostgresBackend final : public Backend {
   void BeginWrite() override {
     // A read snapshot ends here: the write needs a transaction of its own, so that
     // its Commit makes it durable at once.
-    if (std::exchange(reading_, false)) EndReading();
+    EndSnapshotForWrite();
     RequireOpen("BEGIN");
     if (settings_.read_only)
       throw StoreError("the store is open read-only; nothing was written", path_,
@@ -408,6 +412,12 @@ class PostgresBackend final : public Backend {
     std::vector<Affinity> param_affinities;      // for writes: those of the columns the parameters go into
     bool described = false;
   };
+
+  // A write ends a read snapshot first: made within it, it would become durable
+  // only with the snapshot's end.
+  void EndSnapshotForWrite() {
+    if (std::exchange(reading_, false)) EndReading();
+  }
 
   void RequireOpen(std::string_view subject) {
     if (!conn_) throw StoreError("the store is closed", std::string(subject));

@@ -181,7 +181,7 @@ class SqliteBackend final : public Backend {
     RequireInPlace();
     // A read snapshot ends here: the write needs a transaction of its own, so
     // that its Commit makes it durable at once.
-    if (std::exchange(reading_, false) && !InAutocommit()) RunControl("COMMIT");
+    EndSnapshotForWrite();
     // A transaction the host began by its own statement (BEGIN) is joined and
     // left for the host to end.
     joined_ = !InAutocommit();
@@ -230,6 +230,7 @@ class SqliteBackend final : public Backend {
   }
 
   long Execute(std::string_view jet_sql) override {
+    EndSnapshotForWrite();
     const TranslatedSql& sql = Translate(jet_sql);
     if (InAutocommit()) RequireInPlace();
     CachedStatement& stmt = Prepare(sql.text, jet_sql);
@@ -251,6 +252,7 @@ class SqliteBackend final : public Backend {
 
   QueryResult InsertRow(const std::string& table, const std::vector<std::string>& columns,
                         const std::vector<Variant>& values) override {
+    EndSnapshotForWrite();
     if (InAutocommit()) RequireInPlace();
     std::string sql = "INSERT INTO " + QuoteIdentifier(table);
     if (columns.empty()) {
@@ -275,6 +277,7 @@ class SqliteBackend final : public Backend {
 
   void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                  const std::vector<Variant>& values) override {
+    EndSnapshotForWrite();
     if (columns.empty()) return;
     if (InAutocommit()) RequireInPlace();
     std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
@@ -291,6 +294,7 @@ class SqliteBackend final : public Backend {
   }
 
   void DeleteRow(const std::string& table, const Variant& row_key) override {
+    EndSnapshotForWrite();
     if (InAutocommit()) RequireInPlace();
     std::string sql = "DELETE FROM " + QuoteIdentifier(table) + " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
     sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
@@ -335,6 +339,12 @@ class SqliteBackend final : public Backend {
   // A write goes only to the file that was opened: one deleted, renamed or replaced
   // by another since then would take the write where nobody finds it again, or
   // have the old log applied to the new file.
+  // A write ends a read snapshot first: made within it, it would become durable
+  // only with the snapshot's end.
+  void EndSnapshotForWrite() {
+    if (std::exchange(reading_, false) && db_ && !InAutocommit()) RunControl("COMMIT");
+  }
+
   void RequireInPlace() {
     if (!HasMoved()) return;
     if (!InAutocommit()) RunControl("ROLLBACK");
