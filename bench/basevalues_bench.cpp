@@ -1,18 +1,22 @@
-// Basis.Load (every folder, dated table and sub-object into memory) against a
-// hand-written raw sqlite3 loader that runs the same statements, prepared once
-// and bound, and reads the same rows, in the same run. Three folders with 10, 20
-// and 40 dated tables each, so that the growth shows: the value tables of SW, SA
-// and marginal employment are read whole for every dated table, so both loads
-// grow with the square of the number of tables.
+// Basis.Load (every folder, dated table and sub-object into memory) against two
+// hand-written raw sqlite3 loaders in the same run: one that runs the statements
+// as the routines give them (the value tables of SW, SA and marginal employment
+// read whole for every dated table, so it grows with the square of the number of
+// tables), prepared once and bound, and one that reads each of those three tables
+// once and picks the rows of every dated table from that. Basis.Load shares the
+// whole-table reads of one load, so it should grow linearly, like the second.
+// Three folders with 10, 20 and 40 dated tables each, so that the growth shows.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "best_reporter.h"
 #include "ormelix/store/sqlite_text.h"
 #include "ormelix/basevalues/basisdaten.h"
 #include "ormelix/session/manager.h"
@@ -148,26 +152,51 @@ std::string Head(RawLoader& raw, const char* sql, const std::string& table_id, s
   return id;
 }
 
-// The rows of a whole value table that belong to the parent, picked as a filter would.
-void Pick(RawLoader& raw, const char* sql, const std::string& parent, std::vector<double>& values) {
+// ---- the raw baselines: as the routines read, and reading each whole value table once
+
+// The rows of a whole value table by their parent's ID, read once per load.
+using RowsByParent = std::map<std::string, std::vector<std::vector<double>>>;
+
+RowsByParent ReadWhole(RawLoader& raw, const char* sql) {
+  RowsByParent rows;
+  raw.Run(sql, nullptr, [&](sqlite3_stmt* s) { Values(s, 3, rows[Text(s, 2)].emplace_back()); });
+  return rows;
+}
+
+void Take(const RowsByParent& rows, const std::string& parent, std::vector<double>& values) {
+  auto found = rows.find(parent);
+  if (found == rows.end()) return;
+  for (const auto& row : found->second) values.insert(values.end(), row.begin(), row.end());
+}
+
+// The three value tables that the routines read whole, read once per load; without
+// them, each read as the routines do, whole for every dated table.
+struct WholeTables {
+  RowsByParent sw, sa, dgm;
+};
+
+// The values of the whole table SQL (or of its copy in ONCE) that belong to PARENT.
+void ValuesOf(RawLoader& raw, const char* sql, const RowsByParent* once, const std::string& parent,
+              std::vector<double>& values) {
+  if (once) return Take(*once, parent, values);
   raw.Run(sql, nullptr, [&](sqlite3_stmt* s) {
     if (Text(s, 2) == parent) Values(s, 3, values);
   });
 }
 
-void LoadRawTable(RawLoader& raw, RawTable& table) {
+void LoadRawTable(RawLoader& raw, const WholeTables* whole, RawTable& table) {
   auto& v = table.values;
   raw.Run("SELECT * FROM [Basiswerte_Zeittabelle] WHERE [ID]=?", &table.id, [&](sqlite3_stmt* s) {
     table.datum = sqlite3_column_int(s, 3);
     table.name = Text(s, 4);
   });
   std::string sw = Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SW] WHERE [ZeittabellenID]=?", table.id, v);
-  Pick(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SW_Werte]", sw, v);
+  ValuesOf(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SW_Werte]", whole ? &whole->sw : nullptr, sw, v);
   std::string lst = Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_LST] WHERE [ZeittabellenID]=?", table.id, v);
   raw.Run("SELECT * FROM [Basiswerte_Zeittabelle_LST_Werte] WHERE [LohnsteuerID]=? ORDER BY [Von] ASC", &lst,
           [&](sqlite3_stmt* s) { Values(s, 3, v); });
   std::string sa = Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SA] WHERE [ZeittabellenID]=?", table.id, v);
-  Pick(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SA_Werte]", sa, v);
+  ValuesOf(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SA_Werte]", whole ? &whole->sa : nullptr, sa, v);
   raw.Run("SELECT * FROM [Basiswerte_Zeittabelle_PP] WHERE [ZeittabellenID]=? ORDER BY [SortNr] ASC", &table.id,
           [&](sqlite3_stmt* s) { Values(s, 3, v); });
   Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_FB] WHERE [ZeittabellenID]=?", table.id, v);
@@ -176,11 +205,13 @@ void LoadRawTable(RawLoader& raw, RawTable& table) {
           &dg, [&](sqlite3_stmt* s) { Values(s, 3, v); });
   std::string dgm =
       Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig] WHERE [ZeittabellenID]=?", table.id, v);
-  Pick(raw, "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig_Werte]", dgm, v);
+  ValuesOf(raw, "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig_Werte]", whole ? &whole->dgm : nullptr, dgm,
+           v);
   Head(raw, "SELECT * FROM [Basiswerte_Zeittabelle_ALV] WHERE [ZeittabellenID]=?", table.id, v);
 }
 
-std::vector<RawFolder> LoadRaw(RawLoader& raw) {
+// The folders in their order, each with its dated tables.
+std::vector<RawFolder> LoadFolders(RawLoader& raw, const WholeTables* whole) {
   std::vector<RawFolder> folders;
   raw.Run("SELECT [ID] FROM [Basiswerte] ORDER BY [Standardordner] ASC, [Wiederherstellung] DESC, [Bezeichnung] ASC",
           nullptr, [&](sqlite3_stmt* s) { folders.push_back({Text(s, 0), "", {}}); });
@@ -189,17 +220,28 @@ std::vector<RawFolder> LoadRaw(RawLoader& raw) {
             [&](sqlite3_stmt* s) { folder.name = Text(s, 2); });
     raw.Run("SELECT [ID] FROM [Basiswerte_Zeittabelle] WHERE [BasisID]=? ORDER BY [Datum] ASC", &folder.id,
             [&](sqlite3_stmt* s) { folder.tables.push_back({Text(s, 0), 0, "", {}}); });
-    for (RawTable& table : folder.tables) LoadRawTable(raw, table);
+    for (RawTable& table : folder.tables) LoadRawTable(raw, whole, table);
   }
   return folders;
 }
 
-void Raw_BasisLoad(benchmark::State& state) {
+// As the routines specify: the whole value tables read again for every dated table.
+std::vector<RawFolder> LoadRaw(RawLoader& raw) { return LoadFolders(raw, nullptr); }
+
+std::vector<RawFolder> LoadRawOnce(RawLoader& raw) {
+  WholeTables whole{ReadWhole(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SW_Werte]"),
+                    ReadWhole(raw, "SELECT * FROM [Basiswerte_Zeittabelle_SA_Werte]"),
+                    ReadWhole(raw, "SELECT * FROM [Basiswerte_Zeittabelle_DG_Geringfügig_Werte]")};
+  return LoadFolders(raw, &whole);
+}
+
+template <std::vector<RawFolder> (*Load)(RawLoader&)>
+void RunRaw(benchmark::State& state) {
   int per_folder = static_cast<int>(state.range(0));
   RawLoader raw(StorePath(per_folder));
   long tables = 0;
   for (auto _ : state) {
-    std::vector<RawFolder> folders = LoadRaw(raw);
+    std::vector<RawFolder> folders = Load(raw);
     tables = 0;
     for (const RawFolder& folder : folders) tables += static_cast<long>(folder.tables.size());
     benchmark::DoNotOptimize(folders);
@@ -207,8 +249,41 @@ void Raw_BasisLoad(benchmark::State& state) {
   if (tables != kFolders * per_folder) state.SkipWithError("the raw load did not find every table");
   state.counters["tables"] = static_cast<double>(tables);
 }
+
+void RawOnce_BasisLoad(benchmark::State& state) { RunRaw<LoadRawOnce>(state); }
+BENCHMARK(RawOnce_BasisLoad)->Arg(10)->Arg(20)->Arg(40)->Unit(benchmark::kMillisecond);
+
+void Raw_BasisLoad(benchmark::State& state) { RunRaw<LoadRaw>(state); }
 BENCHMARK(Raw_BasisLoad)->Arg(10)->Arg(20)->Arg(40)->Unit(benchmark::kMillisecond);
+
+// ---- the summary
+
+// Prints the growth and ratios from the fastest repetitions.
+class SummaryReporter : public bench::BestRunReporter {
+ public:
+  void Finalize() override {
+    ConsoleReporter::Finalize();
+    auto at = [&](const std::string& name) { return Best(name); };
+    const double lib10 = at("Ormelix_BasisLoad/10"), lib40 = at("Ormelix_BasisLoad/40");
+    const double raw10 = at("Raw_BasisLoad/10"), raw40 = at("Raw_BasisLoad/40");
+    const double once10 = at("RawOnce_BasisLoad/10"), once40 = at("RawOnce_BasisLoad/40");
+    if (lib10 > 0 && lib40 > 0) std::printf("library 40 / 10 tables per folder = %.2f (target <= 4.5)\n", lib40 / lib10);
+    if (raw10 > 0 && raw40 > 0) std::printf("raw as the routines read, 40 / 10 = %.2f\n", raw40 / raw10);
+    if (once10 > 0 && once40 > 0) std::printf("raw reading each table once, 40 / 10 = %.2f\n", once40 / once10);
+    if (lib40 > 0 && raw40 > 0)
+      std::printf("40 tables: library / raw as the routines read = %.2f (target <= 1.0)\n", lib40 / raw40);
+    if (lib40 > 0 && once40 > 0)
+      std::printf("40 tables: library / raw reading each table once = %.2f (target <= 2.0)\n", lib40 / once40);
+  }
+};
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  SummaryReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}

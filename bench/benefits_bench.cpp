@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "best_reporter.h"
 #include "ormelix/benefits/sachbezuege.h"
 #include "ormelix/session/manager.h"
 #include "ormelix/store/schema.h"
@@ -114,40 +115,23 @@ void Raw_SachbezuegeLoad(benchmark::State& state) {
 }
 BENCHMARK(Raw_SachbezuegeLoad)->Iterations(3)->Repetitions(6)->Unit(benchmark::kMillisecond);
 
-// Keeps the fastest repetition of each (the machine is shared, and the minimum is
-// the figure least disturbed by other work) and prints the ratio.
-class SummaryReporter : public benchmark::ConsoleReporter {
+// Prints the ratio by wall and by CPU time from the fastest repetitions.
+class SummaryReporter : public bench::BestRunReporter {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
-      Keep(wall_, run.run_name.function_name, run.GetAdjustedRealTime());
-      Keep(cpu_, run.run_name.function_name, run.GetAdjustedCPUTime());
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
   void Finalize() override {
     ConsoleReporter::Finalize();
-    Print("wall", wall_);
-    Print("CPU", cpu_);
+    Print("wall", Best("Ormelix_SachbezuegeLoad"), Best("Raw_SachbezuegeLoad"));
+    Print("CPU", BestCpu("Ormelix_SachbezuegeLoad"), BestCpu("Raw_SachbezuegeLoad"));
   }
 
  private:
-  static void Keep(std::map<std::string, double>& best, const std::string& name, double value) {
-    if (!best.count(name) || value < best[name]) best[name] = value;
-  }
-  static void Print(const char* clock, std::map<std::string, double>& best) {
-    const double lib = best["Ormelix_SachbezuegeLoad"];
-    const double raw = best["Raw_SachbezuegeLoad"];
+  static void Print(const char* clock, double lib, double raw) {
     if (lib > 0 && raw > 0)
       std::printf(
           "%d employees, benefits in kind of one period (best repetition, %s time): library %.1f ms, raw %.1f ms, "
           "library / raw = %.2f (target <= 1.5)\n",
           kEmployees, clock, lib, raw, lib / raw);
   }
-
-  std::map<std::string, double> wall_;
-  std::map<std::string, double> cpu_;
 };
 
 }  // namespace
