@@ -49,35 +49,62 @@ struct Checksum {
     hash *= 1099511628211ULL;
   }
 
-  void Add(const Variant& value, bool number_column) {
+  void Add(const Variant& value, bool number_column) { Add(Canonical(value, number_column)); }
+
+  // The text a value is summed as: the same on both stores for the same value.
+  static std::string Canonical(const Variant& value, bool number_column) {
     double number = 0;
-    if (value.IsMissing()) return Add("\x01N");
-    if (value.kind() == Variant::Text) return Add(value.AsText());
+    if (value.IsMissing()) return "\x01N";
+    if (value.kind() == Variant::Text) return value.AsText();
     value.TryNumber(number);
-    if (number_column) return Add(FormatNumber(number));
-    Add(value.kind() == Variant::Double ? detail::DoubleAsStoredText(number)
-                                        : std::to_string(static_cast<long long>(number)));
+    if (number_column) return FormatNumber(number);
+    return value.kind() == Variant::Double ? detail::DoubleAsStoredText(number)
+                                           : std::to_string(static_cast<long long>(number));
   }
 };
 
-TableCopy Sum(Backend& backend, const SchemaTable& table) {
-  detail::QueryResult result = backend.Query(SelectAll(table));
+// The cells of a table as the checksum reads them: the columns in checksum
+// order, their positions in the result, and whether each holds numbers.
+struct SummedRows {
+  detail::QueryResult result;
+  std::vector<std::string> names;
   std::vector<int> at;
   std::vector<bool> numeric;
-  if (table.keyed) {
-    at = {result.layout->Lookup("Nr"), result.layout->Lookup("ID")};
-    numeric = {true, false};
+
+  SummedRows(Backend& backend, const SchemaTable& table) : result(backend.Query(SelectAll(table))) {
+    names = ColumnsOf(table);
+    for (const std::string& name : names) at.push_back(result.layout->Lookup(name));
+    numeric.assign(names.size(), true);
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+      numeric[names.size() - table.columns.size() + i] = IsNumberType(table.columns[i].type);
+    if (table.keyed) numeric[1] = false;  // ID
   }
-  for (const SchemaColumn& column : table.columns) {
-    at.push_back(result.layout->Lookup(column.name));
-    numeric.push_back(IsNumberType(column.type));
+  std::size_t Rows() const { return result.layout->Size() ? result.cells.size() / result.layout->Size() : 0; }
+  const Variant& Cell(std::size_t row, std::size_t i) const {
+    static const Variant null = Variant::NullValue();
+    return at[i] < 0 ? null : result.cells[row * result.layout->Size() + at[i]];
   }
-  TableCopy sum{table.name, 0, 0};
-  std::size_t width = result.layout->Size();
+  std::string Canonical(std::size_t row, std::size_t i) const { return Checksum::Canonical(Cell(row, i), numeric[i]); }
+};
+
+// Where two reads of a table part: the first row and column whose values differ.
+std::string FirstDifference(const SummedRows& source, const SummedRows& copy) {
+  for (std::size_t row = 0; row < std::min(source.Rows(), copy.Rows()); ++row)
+    for (std::size_t i = 0; i < source.names.size(); ++i) {
+      std::string a = source.Canonical(row, i), b = copy.Canonical(row, i);
+      if (a != b)
+        return "; row " + std::to_string(row + 1) + ", column " + source.names[i] + ": " + source.Cell(row, i).Describe() +
+               " in the source, " + copy.Cell(row, i).Describe() + " in the copy";
+    }
+  return "";
+}
+
+TableCopy Sum(Backend& backend, const SchemaTable& table) {
+  SummedRows rows(backend, table);
+  TableCopy sum{table.name, static_cast<long>(rows.Rows()), 0};
   Checksum checksum;
-  for (std::size_t row = 0; width && row < result.cells.size() / width; ++row, ++sum.rows)
-    for (std::size_t i = 0; i < at.size(); ++i)
-      checksum.Add(at[i] < 0 ? Variant::NullValue() : result.cells[row * width + at[i]], numeric[i]);
+  for (std::size_t row = 0; row < rows.Rows(); ++row)
+    for (std::size_t i = 0; i < rows.names.size(); ++i) checksum.Add(rows.Canonical(row, i));
   sum.checksum = checksum.hash;
   return sum;
 }
@@ -149,7 +176,8 @@ std::vector<TableCopy> CopyStore(const StoreConnectionPtr& source, const StoreCo
         throw StoreError("the copy does not read back as the source", to->Path(),
                          "table " + sums[i].table + ": " + std::to_string(sums[i].rows) + " rows in the source, " +
                              std::to_string(copied[i].rows) + " in the copy, checksums " +
-                             std::to_string(sums[i].checksum) + " and " + std::to_string(copied[i].checksum));
+                             std::to_string(sums[i].checksum) + " and " + std::to_string(copied[i].checksum) +
+                             FirstDifference(SummedRows(*from, tables[i]), SummedRows(*to, tables[i])));
     to->CommitWrite();
     return sums;
   } catch (...) {

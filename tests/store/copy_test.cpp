@@ -90,4 +90,25 @@ TEST_F(CopyTest, ChecksumsTellADifferentValueApart) {
     }
 }
 
+// A value the target keeps otherwise than the source (a fraction in a whole-number
+// column, which SQLite holds and PostgreSQL rounds) fails the copy, naming the
+// table, the row and the column, and leaves the target empty.
+TEST_F(CopyTest, AValueTheTargetKeepsOtherwiseIsNamedAndNothingIsCopied) {
+  if (!test::OnPostgres()) GTEST_SKIP() << "SQLite keeps the fraction";
+  Fill();
+  std::string employer = test::AddRow(source, "Mandanten", {{"Name", "Bruch"}});
+  test::AddRow(source, "Mitarbeiter", {{"MandantenID", employer}, {"Staaten", 2.25}});
+  auto target = test::NewStore(dir, StoreKind::Payroll, "target.db");
+  try {
+    CopyStore(source, target, StoreKind::Payroll);
+    FAIL() << "the copy was taken";
+  } catch (const StoreError& e) {
+    EXPECT_NE(std::string(e.what()).find("table Mitarbeiter"), std::string::npos) << e.what();
+    EXPECT_NE(std::string(e.what()).find("row 2, column Staaten: 2.25 in the source, 2 in the copy"),
+              std::string::npos)
+        << e.what();
+  }
+  EXPECT_EQ(test::CountRows(target, "Mandanten"), 0);
+}
+
 }  // namespace
