@@ -18,6 +18,7 @@ using ormelix::Variant;
 struct Column {
   std::string name;
   bool text;
+  bool integer;  // a whole-number column: PostgreSQL keeps no fraction there
 };
 
 inline std::vector<Column> Columns(sqlite3* db, const std::string& table) {
@@ -27,7 +28,7 @@ inline std::vector<Column> Columns(sqlite3* db, const std::string& table) {
   while (sqlite3_step(stmt) == SQLITE_ROW) {
     std::string name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1));
     std::string type = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2));
-    columns.push_back({name, type == "TEXT"});
+    columns.push_back({name, type == "TEXT", type.find("INT") != std::string::npos || type == "BOOLEAN"});
   }
   sqlite3_finalize(stmt);
   return columns;
@@ -67,6 +68,8 @@ class Inserter {
         sqlite3_bind_double(stmt_, slot, number);
       } else if (used_[i].text) {
         sqlite3_bind_text(stmt_, slot, ("Text " + std::to_string(row % 97)).c_str(), -1, SQLITE_TRANSIENT);
+      } else if (used_[i].integer) {
+        sqlite3_bind_int(stmt_, slot, (row % 7 == 0) ? -1 : row % 1000 + static_cast<int>(i % 5));
       } else {
         sqlite3_bind_double(stmt_, slot, (row % 7 == 0) ? -1 : (row % 1000) * 0.25 + static_cast<double>(i % 5));
       }
