@@ -137,15 +137,7 @@ class SummaryReporter : public bench::BestRunReporter {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // The repetitions of both loaders take turns, so that the work of other programs
-  // on a shared machine falls on both alike.
-  std::vector<char*> args(argv, argv + argc);
-  std::string interleave = "--benchmark_enable_random_interleaving=true";
-  args.insert(args.begin() + 1, interleave.data());
-  argc = static_cast<int>(args.size());
-  argv = args.data();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (!bench::InitializeInterleaved(argc, argv)) return 1;
   SummaryReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::filesystem::remove(Data().path);

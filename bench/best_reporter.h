@@ -43,4 +43,17 @@ class BestRunReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> cpu_;
 };
 
+// Initializes the benchmark library with the repetitions of all benchmarks
+// taking turns, so that the work of other programs on a shared machine falls on
+// the library and its raw baseline alike. False on an unknown argument.
+inline bool InitializeInterleaved(int argc, char** argv) {
+  static std::vector<char*> args;
+  static std::string interleave = "--benchmark_enable_random_interleaving=true";
+  args.assign(argv, argv + argc);
+  args.insert(args.begin() + 1, interleave.data());
+  int count = static_cast<int>(args.size());
+  benchmark::Initialize(&count, args.data());
+  return !benchmark::ReportUnrecognizedArguments(count, args.data());
+}
+
 }  // namespace bench

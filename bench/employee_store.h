@@ -53,13 +53,14 @@ inline std::string PostgresServer() {
 }
 
 // Runs one statement of PostgreSQL's own on a fresh connection (as the store's
-// schema, if the location names one); false when it fails.
+// schema, if the location names one), its notices unprinted; false when it fails.
 inline bool RunOnServer(const std::string& location, const std::string& sql) {
   std::string schema = LocationParameter(location, "schema");
   std::string conninfo = WithLocationParameter(location, "schema", "");
   if (!schema.empty()) conninfo = WithLocationParameter(conninfo, "options", "-csearch_path=" + schema);
   PGconn* conn = PQconnectdb(conninfo.c_str());
-  PGresult* result = PQstatus(conn) == CONNECTION_OK ? PQexec(conn, sql.c_str()) : nullptr;
+  std::string quiet = "SET client_min_messages TO warning; " + sql;
+  PGresult* result = PQstatus(conn) == CONNECTION_OK ? PQexec(conn, quiet.c_str()) : nullptr;
   bool ok = result && PQresultStatus(result) == PGRES_COMMAND_OK;
   PQclear(result);
   PQfinish(conn);
@@ -163,7 +164,6 @@ inline Store MakeStore(int employees) {
   }
   sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
   sqlite3_close(db);
-  CopyToPostgres(store, employees);
   return store;
 }
 
@@ -177,6 +177,15 @@ inline const Store& Data(int employees) {
   auto found = Stores().find(employees);
   if (found == Stores().end()) found = Stores().emplace(employees, MakeStore(employees)).first;
   return found->second;
+}
+
+// The same store, copied to the PostgreSQL server on first use when one is named
+// (its pg locations stay empty when none is).
+inline const Store& DataOnPostgres(int employees) {
+  Data(employees);
+  Store& store = Stores()[employees];
+  if (store.pg.empty()) CopyToPostgres(store, employees);
+  return store;
 }
 
 // A store file with its journals.

@@ -254,7 +254,7 @@ void Compare(int employees, int rounds) {
 
 int main() {
   RemoveStaleStores();
-  Compare(1000, 3);
+  Compare(1000, 5);
   Compare(10000, 2);
   RemoveStores();
   return 0;
