@@ -110,22 +110,22 @@ BENCHMARK(Postgres_MitarbeiterLoad)->Arg(1000)->Iterations(2)->Unit(benchmark::k
 BENCHMARK(Postgres_MitarbeiterLoad)->Arg(10000)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(PostgresNoCache_MitarbeiterLoad)->Arg(1000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
-void Raw_MitarbeiterLoad(benchmark::State& state) {
-  const Store& store = Data(static_cast<int>(state.range(0)));
-  sqlite3* db = nullptr;
-  sqlite3* reference = nullptr;
-  sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  RegisterSqliteText(db);
-  RegisterSqliteText(reference);
-  benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
+// The timed loads of a raw loader (after an untimed one when WARM_UP), each
+// checked to hold every employee.
+template <class Load>
+void TimeRawLoads(benchmark::State& state, bool warm_up, Load load) {
+  if (warm_up) benchmark::DoNotOptimize(load().size());
   for (auto _ : state) {
-    auto employees = RawLoad(db, reference, store.employer);
+    auto employees = load();
     if (static_cast<long>(employees.size()) != state.range(0)) state.SkipWithError("not every employee was loaded");
     benchmark::DoNotOptimize(employees.data());
   }
-  sqlite3_close(reference);
-  sqlite3_close(db);
+}
+
+void Raw_MitarbeiterLoad(benchmark::State& state) {
+  const Store& store = Data(static_cast<int>(state.range(0)));
+  RawConnections raw(store);
+  TimeRawLoads(state, true, [&] { return RawLoad(raw.db, raw.reference, store.employer); });
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(Raw_MitarbeiterLoad)->Arg(1000)->Iterations(3)->Repetitions(4)->Unit(benchmark::kMillisecond);
@@ -244,15 +244,7 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
       RawStep& raw = employee.career.emplace_back();
       ReadRow(rows, row, raw.row);
       if (PQgetisnull(rows, row, grund)) continue;
-      const double code = Number(rows, row, grund);
-      for (const RawReason& reason : catalogue) {
-        if (reason.code != code) continue;
-        raw.reason_code = static_cast<int>(code);
-        raw.reason_index = raw.reason_code + 1;
-        raw.reason_kuerzel = reason.kuerzel;
-        raw.reason_text = reason.text;
-        break;
-      }
+      TakeReason(catalogue, Number(rows, row, grund), raw);
     }
     PGresult* kids = children.Run({id.c_str()});
     for (int row = 0; row < PQntuples(kids); ++row) {
@@ -304,12 +296,7 @@ void Libpq_MitarbeiterLoad(benchmark::State& state) {
   if (store.pg.empty()) return state.SkipWithError("no PostgreSQL server: set ORMELIX_TEST_PG (./dev bench does)");
   PGconn* db = ConnectRaw(store.pg);
   PGconn* reference = ConnectRaw(store.pg_reference);
-  if (WarmUpOnPostgres(state)) benchmark::DoNotOptimize(PgRawLoad(db, reference, store.employer).size());
-  for (auto _ : state) {
-    auto employees = PgRawLoad(db, reference, store.employer);
-    if (static_cast<long>(employees.size()) != state.range(0)) state.SkipWithError("not every employee was loaded");
-    benchmark::DoNotOptimize(employees.data());
-  }
+  TimeRawLoads(state, WarmUpOnPostgres(state), [&] { return PgRawLoad(db, reference, store.employer); });
   PQfinish(reference);
   PQfinish(db);
   state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -368,15 +355,8 @@ void ReportFirstLoad(int employees) {
   double library = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
   start = std::chrono::steady_clock::now();
   {
-    sqlite3* db = nullptr;
-    sqlite3* reference = nullptr;
-    sqlite3_open_v2(store.path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    sqlite3_open_v2(store.reference.c_str(), &reference, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    RegisterSqliteText(db);
-    RegisterSqliteText(reference);
-    benchmark::DoNotOptimize(RawLoad(db, reference, store.employer).size());
-    sqlite3_close(reference);
-    sqlite3_close(db);
+    RawConnections raw(store);
+    benchmark::DoNotOptimize(RawLoad(raw.db, raw.reference, store.employer).size());
   }
   double raw = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
   std::printf("%d employees, first load of a fresh session (with its end): library %.0f ms, raw %.0f ms, ratio %.2f\n",

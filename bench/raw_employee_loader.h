@@ -63,6 +63,19 @@ struct Step {
   double datum;
 };
 
+// The exit reason of a career step from the catalogue, as the library finds it:
+// its code, its index (code + 1), abbreviation and text.
+inline void TakeReason(const std::vector<RawReason>& catalogue, double code, RawStep& step) {
+  for (const RawReason& reason : catalogue) {
+    if (reason.code != code) continue;
+    step.reason_code = static_cast<int>(code);
+    step.reason_index = step.reason_code + 1;
+    step.reason_kuerzel = reason.kuerzel;
+    step.reason_text = reason.text;
+    return;
+  }
+}
+
 // The employee's career rows by date, each with its reason looked up in the
 // catalogue, which is read anew per employee as the library does.
 inline void RawCareer(Statement& steps, Statement& reasons, const std::string& id, RawEmployee& employee) {
@@ -78,15 +91,7 @@ inline void RawCareer(Statement& steps, Statement& reasons, const std::string& i
     RawStep& step = employee.career.emplace_back();
     ReadRow(steps.get(), step.row);
     if (sqlite3_column_type(steps.get(), grund) == SQLITE_NULL) continue;
-    const double code = sqlite3_column_double(steps.get(), grund);
-    for (const RawReason& reason : catalogue) {
-      if (reason.code != code) continue;
-      step.reason_code = static_cast<int>(code);
-      step.reason_index = step.reason_code + 1;
-      step.reason_kuerzel = reason.kuerzel;
-      step.reason_text = reason.text;
-      break;
-    }
+    TakeReason(catalogue, sqlite3_column_double(steps.get(), grund), step);
   }
 }
 
@@ -197,6 +202,28 @@ inline std::vector<RawEmployee> RawLoad(sqlite3* db, sqlite3* reference, const s
   }
   return result;
 }
+
+// The raw loader's connections to a store and its reference store, opened as a
+// plain sqlite3 program opens them (with the store's text order), closed at the end.
+struct RawConnections {
+  explicit RawConnections(const Store& store) : db(Open(store.path)), reference(Open(store.reference)) {}
+  ~RawConnections() {
+    sqlite3_close(reference);
+    sqlite3_close(db);
+  }
+  RawConnections(const RawConnections&) = delete;
+  RawConnections& operator=(const RawConnections&) = delete;
+
+  static sqlite3* Open(const std::string& path) {
+    sqlite3* connection = nullptr;
+    sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    RegisterSqliteText(connection);
+    return connection;
+  }
+
+  sqlite3* db;
+  sqlite3* reference;
+};
 
 
 }  // namespace bench

@@ -68,7 +68,7 @@ void clsBasisdaten::Load() {
   // Every folder as of one moment; the value tables that the routine of each dated
   // table reads whole are read once for the load.
   const ormelix::detail::LoadSnapshot snapshot(*manager);
-  StoreSharedReads shared(manager->AktDB() ? &manager->AktDB()->Session() : nullptr);
+  StoreSharedReads shared(ormelix::detail::SessionOf(manager->AktDB()));
   auto rs = modBasiswerte::detail::OpenRead(
       *manager,
       "SELECT [ID] FROM [Basiswerte] ORDER BY [Standardordner] ASC, [Wiederherstellung] DESC, [Bezeichnung] ASC");

@@ -13,12 +13,14 @@ namespace ormelix::detail {
 // The StoreSession of the session's payroll store (AktDB); Error when none is set.
 StoreSession& PayrollStore(const clsManager& manager);
 
+// The session of a store the manager may not have: nullptr then.
+inline StoreSession* SessionOf(const StoreConnectionPtr& store) { return store ? &store->Session() : nullptr; }
+
 // Read snapshots of both stores of the session (those it has) for a load of many
 // rows: see StoreReadSnapshot.
 struct LoadSnapshot {
   explicit LoadSnapshot(const clsManager& manager)
-      : payroll(manager.AktDB() ? &manager.AktDB()->Session() : nullptr),
-        reference(manager.ImportDB() ? &manager.ImportDB()->Session() : nullptr) {}
+      : payroll(SessionOf(manager.AktDB())), reference(SessionOf(manager.ImportDB())) {}
   StoreReadSnapshot payroll;
   StoreReadSnapshot reference;
 };

@@ -234,8 +234,9 @@ struct Recordset::Impl {
 
   void ApplyFilter() {
     view_.clear();
+    pos = 0;
     view_all_pending = !filter;
-    if (!filter) return void(pos = 0);
+    if (!filter) return;
     if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
         if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
@@ -243,7 +244,6 @@ struct Recordset::Impl {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
         if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
     }
-    pos = 0;
   }
 
   RowList& View() {
@@ -254,6 +254,11 @@ struct Recordset::Impl {
         if (!IsDeleted(row)) view_.push_back(row);
     }
     return view_;
+  }
+
+  // The criteria parsed, once per text for all recordsets of this column layout.
+  std::shared_ptr<const FilterNode> ParsedFilter(std::string_view criteria) const {
+    return layout->ParsedFilter(criteria, [this](std::string_view text) { return Parse(text); });
   }
 
   FilterNode Parse(std::string_view criteria) const {
@@ -536,7 +541,7 @@ void Recordset::Filter(std::string_view criteria) {
     d.filter.reset();
     d.filter_text.clear();
   } else {
-    d.filter = d.layout->ParsedFilter(criteria, [&d](std::string_view text) { return d.Parse(text); });
+    d.filter = d.ParsedFilter(criteria);
     d.filter_text = std::string(criteria);
   }
   d.ApplyFilter();
@@ -549,7 +554,7 @@ void Recordset::Find(std::string_view criteria) {
   d.RequireOpen();
   d.FlushPending();
   d.EnsureFetched();
-  auto node = d.layout->ParsedFilter(criteria, [&d](std::string_view text) { return d.Parse(text); });
+  auto node = d.ParsedFilter(criteria);
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.View().size()); ++i) {
     if (detail::Evaluate(*node, &d.rows->cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
@@ -566,8 +571,7 @@ void Recordset::Requery() {
   d.FlushPending();
   d.inserted.reset();
   d.Load(d.backend->Query(d.sql));
-  if (d.filter)
-    d.filter = d.layout->ParsedFilter(d.filter_text, [&d](std::string_view text) { return d.Parse(text); });
+  if (d.filter) d.filter = d.ParsedFilter(d.filter_text);
   d.ApplyFilter();
 }
 

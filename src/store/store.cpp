@@ -16,18 +16,17 @@ StoreSession::~StoreSession() = default;
 
 std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, CursorTypeEnum cursor, LockTypeEnum lock) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
-  if (shared_depth_ > 0) {
-    if (lock != adLockReadOnly) {
-      shared_rows_.clear();  // writes may follow: what was read is read afresh after them
-    } else if (auto found = shared_rows_.find(std::string(sql)); found != shared_rows_.end()) {
-      return std::make_unique<Recordset>(backend_, std::string(sql), found->second);
-    } else {
-      auto recordset = std::make_unique<Recordset>(backend_, std::string(sql), cursor, lock);
-      shared_rows_.emplace(std::string(sql), recordset->ShareRows());
-      return recordset;
-    }
+  std::string text(sql);
+  if (shared_depth_ == 0) return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
+  if (lock != adLockReadOnly) {
+    shared_rows_.clear();  // writes may follow: what was read is read afresh after them
+    return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   }
-  return std::make_unique<Recordset>(backend_, std::string(sql), cursor, lock);
+  if (auto found = shared_rows_.find(text); found != shared_rows_.end())
+    return std::make_unique<Recordset>(backend_, std::move(text), found->second);
+  auto recordset = std::make_unique<Recordset>(backend_, text, cursor, lock);
+  shared_rows_.emplace(std::move(text), recordset->ShareRows());
+  return recordset;
 }
 
 Variant StoreSession::ExecuteSql(std::string_view sql, bool) {
