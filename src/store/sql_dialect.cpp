@@ -328,13 +328,20 @@ SqlShape ShapeOf(std::string_view jet_sql) {
   return shape;
 }
 
-std::string QuoteIdentifier(std::string_view name) {
-  std::string out = "\"";
-  for (char c : name) {
-    if (c == '"') out += '"';
-    out += c;
-  }
+void AppendQuotedIdentifier(std::string& out, std::string_view name) {
   out += '"';
+  for (std::size_t quote; (quote = name.find('"')) != std::string_view::npos; name.remove_prefix(quote + 1)) {
+    out.append(name.substr(0, quote + 1));
+    out += '"';
+  }
+  out.append(name);
+  out += '"';
+}
+
+std::string QuoteIdentifier(std::string_view name) {
+  std::string out;
+  out.reserve(name.size() + 2);
+  AppendQuotedIdentifier(out, name);
   return out;
 }
 

@@ -316,8 +316,12 @@ class PostgresBackend final : public Backend {
     EndSnapshotForWrite();
     if (columns.empty()) return;
     std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
-    for (std::size_t i = 0; i < columns.size(); ++i)
-      sql += (i ? "," : "") + QuoteIdentifier(columns[i]) + "=$" + std::to_string(i + 1);
+    sql.reserve(sql.size() + columns.size() * 36);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i) sql += ',';
+      AppendQuotedIdentifier(sql, columns[i]);
+      sql += "=$" + std::to_string(i + 1);
+    }
     sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=$" + std::to_string(columns.size() + 1);
     std::vector<Variant> params = values;
     params.push_back(row_key);

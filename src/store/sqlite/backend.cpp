@@ -258,12 +258,14 @@ class SqliteBackend final : public Backend {
     if (columns.empty()) {
       sql += " DEFAULT VALUES";
     } else {
-      std::string names, marks;
-      for (const std::string& column : columns) {
-        names += (names.empty() ? "" : ",") + QuoteIdentifier(column);
-        marks += marks.empty() ? "?" : ",?";
+      sql.reserve(sql.size() + columns.size() * 32);
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        sql += i ? "," : " (";
+        AppendQuotedIdentifier(sql, columns[i]);
       }
-      sql += " (" + names + ") VALUES (" + marks + ")";
+      sql += ") VALUES (?";
+      for (std::size_t i = 1; i < columns.size(); ++i) sql += ",?";
+      sql += ")";
     }
     sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, values, sql);
@@ -281,7 +283,12 @@ class SqliteBackend final : public Backend {
     if (columns.empty()) return;
     if (InAutocommit()) RequireInPlace();
     std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET ";
-    for (std::size_t i = 0; i < columns.size(); ++i) sql += (i ? "," : "") + QuoteIdentifier(columns[i]) + "=?";
+    sql.reserve(sql.size() + columns.size() * 32);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i) sql += ',';
+      AppendQuotedIdentifier(sql, columns[i]);
+      sql += "=?";
+    }
     sql += " WHERE " + QuoteIdentifier(kRowKeyColumn) + "=?";
     std::vector<Variant> params = values;
     params.push_back(row_key);
