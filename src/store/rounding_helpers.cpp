@@ -1,8 +1,8 @@
 #include "ormelix/store/rounding_helpers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <string>
 
 #include "ormelix/error.h"
 #include "ormelix/store/columns.h"
@@ -14,42 +14,48 @@ namespace ormelix::RoundingHelpers {
 namespace {
 
 // Rounds value, read to `significant` significant digits, to `digits` decimals,
-// half away from zero, working on the decimal digits themselves.
+// half away from zero, working on the decimal digits themselves (in buffers on
+// the stack: a save rounds every amount of a pay record).
 double RoundDecimal(double value, int digits, int significant) {
   if (!std::isfinite(value) || value == 0) return value;
-  char buffer[64];
-  auto [end, ec] =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, significant - 1);
+  char text[64];  // [-]d.ddddde[+-]xx
+  const auto [end, ec] =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, significant - 1);
   if (ec != std::errc()) return value;
-  std::string text(buffer, end);  // [-]d.ddddde[+-]xx
-  bool negative = text[0] == '-';
-  std::size_t e = text.find('e');
-  int exponent = std::stoi(text.substr(e + 1));
-  std::string mantissa;
-  for (std::size_t i = negative ? 1 : 0; i < e; ++i)
-    if (text[i] != '.') mantissa += text[i];
-  // value = 0.mantissa * 10^(exponent + 1); keep the digits down to 10^-digits.
+  const bool negative = text[0] == '-';
+  const char* e = std::find(text, end, 'e');
+  int exponent = 0;
+  std::from_chars(e + (e[1] == '+' ? 2 : 1), end, exponent);
+  // The digits, after a leading zero that gives the carry room and covers keep == 0.
+  char mantissa[64];
+  int count = 0;
+  mantissa[count++] = '0';
+  for (const char* p = text + (negative ? 1 : 0); p < e; ++p)
+    if (*p != '.') mantissa[count++] = *p;
+  // value = 0.digits * 10^(exponent + 1); keep the digits down to 10^-digits.
   int keep = exponent + 1 + digits;
-  if (keep >= static_cast<int>(mantissa.size())) {
+  if (keep >= count - 1) {
     double exact = 0;
-    std::from_chars(text.data(), text.data() + text.size(), exact);
+    std::from_chars(text, end, exact);
     return exact;
   }
   if (keep < 0) return 0;
-  // A leading zero digit gives the carry room and covers keep == 0.
-  mantissa.insert(mantissa.begin(), '0');
-  ++keep;
-  ++exponent;
-  bool round_up = mantissa[keep] >= '5';
-  mantissa.resize(keep);
-  if (round_up) {
+  ++keep;  // counting the leading zero
+  if (mantissa[keep] >= '5') {
     int i = keep - 1;
     while (i >= 0 && mantissa[i] == '9') mantissa[i--] = '0';
     if (i >= 0) ++mantissa[i];
   }
-  std::string rounded = (negative ? "-0." : "0.") + mantissa + "e" + std::to_string(exponent + 1);
+  char rounded[96];  // [-]0.digits e exponent, with the leading zero: exponent + 2
+  char* out = rounded;
+  if (negative) *out++ = '-';
+  *out++ = '0';
+  *out++ = '.';
+  out = std::copy(mantissa, mantissa + keep, out);
+  *out++ = 'e';
+  out = std::to_chars(out, rounded + sizeof rounded, exponent + 2).ptr;
   double result = 0;
-  std::from_chars(rounded.data(), rounded.data() + rounded.size(), result);
+  std::from_chars(rounded, out, result);
   return result == 0 ? 0.0 : result;
 }
 
