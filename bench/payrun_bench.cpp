@@ -255,7 +255,9 @@ void Compare(int employees, int rounds) {
     PrintGrowth("pay run growth 10,000 / 1,000", seen, " (target <= 10.5)");
     PrintGrowth("raw program's growth 10,000 / 1,000", seen_raw, "");
     // What the library adds per employee to the work the raw program does too.
-    auto own = [&](int n) { return (seen[n].load_ms + seen[n].save_ms - seen_raw[n].load_ms - seen_raw[n].save_ms) * 1000.0 / n; };
+    auto own = [&](int n) {
+      return (seen[n].load_ms + seen[n].save_ms - seen_raw[n].load_ms - seen_raw[n].save_ms) * 1000.0 / n;
+    };
     std::printf("library's own time per employee (library - raw, whole run): %.1f us at 1,000, %.1f us at 10,000\n",
                 own(1000), own(10000));
   }
