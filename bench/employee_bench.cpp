@@ -283,14 +283,6 @@ std::vector<RawEmployee> PgRawLoad(PGconn* db, PGconn* reference, const std::str
   return result;
 }
 
-// Connections as the library makes them: the store's schema on the search path.
-PGconn* ConnectRaw(const std::string& location) {
-  std::string conninfo = WithLocationParameter(
-      WithLocationParameter(location, "options", "-csearch_path=" + LocationParameter(location, "schema")), "schema",
-      "");
-  return PQconnectdb(conninfo.c_str());
-}
-
 void Libpq_MitarbeiterLoad(benchmark::State& state) {
   const Store& store = DataOnPostgres(static_cast<int>(state.range(0)));
   if (store.pg.empty()) return state.SkipWithError("no PostgreSQL server: set ORMELIX_TEST_PG (./dev bench does)");

@@ -52,13 +52,15 @@ inline std::string PostgresServer() {
   return server ? server : "";
 }
 
-// Runs one statement of PostgreSQL's own on a fresh connection (as the store's
-// schema, if the location names one), its notices unprinted; false when it fails.
+// A libpq connection as the library makes one: the store's schema on the search path.
+inline PGconn* ConnectRaw(const std::string& location) {
+  return PQconnectdb(LibpqConnectionString(location).c_str());
+}
+
+// Runs one statement of PostgreSQL's own on a fresh connection, its notices
+// unprinted; false when it fails.
 inline bool RunOnServer(const std::string& location, const std::string& sql) {
-  std::string schema = LocationParameter(location, "schema");
-  std::string conninfo = WithLocationParameter(location, "schema", "");
-  if (!schema.empty()) conninfo = WithLocationParameter(conninfo, "options", "-csearch_path=" + schema);
-  PGconn* conn = PQconnectdb(conninfo.c_str());
+  PGconn* conn = ConnectRaw(location);
   std::string quiet = "SET client_min_messages TO warning; " + sql;
   PGresult* result = PQstatus(conn) == CONNECTION_OK ? PQexec(conn, quiet.c_str()) : nullptr;
   bool ok = result && PQresultStatus(result) == PGRES_COMMAND_OK;

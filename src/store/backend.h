@@ -99,13 +99,6 @@ class Backend {
   // Runs statements of the backend's own dialect, as they stand (schema creation).
   virtual void ExecuteNative(const std::string& script) = 0;
 
-  // One write transaction, as the session's StoreWriteTransaction asks for it
-  // (only the outermost scope reaches the backend). BeginWrite takes the store's
-  // write lock at once, waiting the busy timeout for another program's, so that
-  // what is read after it stays true until CommitWrite; a store that is read-only,
-  // locked, moved or gone fails here with a StoreError. CommitWrite makes the
-  // writes since BeginWrite durable together; RollbackWrite drops them and does
-  // nothing when no transaction is open (it also serves unwinding).
   // A read transaction around many reads, as the session's StoreReadSnapshot
   // asks for it (only the outermost scope reaches the backend): the reads see one
   // state of the store, and its read lock is taken once for all of them instead of
@@ -114,6 +107,13 @@ class Backend {
   virtual void BeginRead() {}
   virtual void EndRead() {}
 
+  // One write transaction, as the session's StoreWriteTransaction asks for it
+  // (only the outermost scope reaches the backend). BeginWrite takes the store's
+  // write lock at once, waiting the busy timeout for another program's, so that
+  // what is read after it stays true until CommitWrite; a store that is read-only,
+  // locked, moved or gone fails here with a StoreError. CommitWrite makes the
+  // writes since BeginWrite durable together; RollbackWrite drops them and does
+  // nothing when no transaction is open (it also serves unwinding).
   virtual void BeginWrite() = 0;
   virtual void CommitWrite() = 0;
   virtual void RollbackWrite() = 0;

@@ -8,10 +8,6 @@
 
 namespace ormelix {
 
-namespace detail {
-std::shared_ptr<Backend> BackendOf(const StoreSession& session);
-}  // namespace detail
-
 namespace {
 
 using detail::Backend;
@@ -63,15 +59,15 @@ struct Checksum {
   }
 };
 
-// The cells of a table as the checksum reads them: the columns in checksum
-// order, their positions in the result, and whether each holds numbers.
-struct SummedRows {
+// The cells of a table as the copy and the checksum read them: the columns in
+// checksum order, their positions in the result, and whether each holds numbers.
+struct TableRows {
   detail::QueryResult result;
   std::vector<std::string> names;
   std::vector<int> at;
   std::vector<bool> numeric;
 
-  SummedRows(Backend& backend, const SchemaTable& table) : result(backend.Query(SelectAll(table))) {
+  TableRows(Backend& backend, const SchemaTable& table) : result(backend.Query(SelectAll(table))) {
     names = ColumnsOf(table);
     for (const std::string& name : names) at.push_back(result.layout->Lookup(name));
     numeric.assign(names.size(), true);
@@ -88,7 +84,7 @@ struct SummedRows {
 };
 
 // Where two reads of a table part: the first row and column whose values differ.
-std::string FirstDifference(const SummedRows& source, const SummedRows& copy) {
+std::string FirstDifference(const TableRows& source, const TableRows& copy) {
   for (std::size_t row = 0; row < std::min(source.Rows(), copy.Rows()); ++row)
     for (std::size_t i = 0; i < source.names.size(); ++i) {
       std::string a = source.Canonical(row, i), b = copy.Canonical(row, i);
@@ -100,7 +96,7 @@ std::string FirstDifference(const SummedRows& source, const SummedRows& copy) {
 }
 
 TableCopy Sum(Backend& backend, const SchemaTable& table) {
-  SummedRows rows(backend, table);
+  TableRows rows(backend, table);
   TableCopy sum{table.name, static_cast<long>(rows.Rows()), 0};
   Checksum checksum;
   for (std::size_t row = 0; row < rows.Rows(); ++row)
@@ -110,21 +106,16 @@ TableCopy Sum(Backend& backend, const SchemaTable& table) {
 }
 
 void CopyTable(Backend& from, Backend& to, const SchemaTable& table, const CopyOptions& options) {
-  detail::QueryResult rows = from.Query(SelectAll(table));
-  std::vector<std::string> names = ColumnsOf(table);
-  std::vector<int> at;
-  for (const std::string& name : names) at.push_back(rows.layout->Lookup(name));
-  std::size_t width = rows.layout->Size();
-  long total = width ? static_cast<long>(rows.cells.size() / width) : 0;
+  const TableRows rows(from, table);
+  const long total = static_cast<long>(rows.Rows());
   if (options.progress) options.progress(table.name, 0, total);
   std::vector<Variant> batch;
   for (long row = 0; row < total;) {
     long end = std::min(total, row + kProgressStep);
     batch.clear();
     for (; row < end; ++row)
-      for (std::size_t i = 0; i < names.size(); ++i)
-        batch.push_back(at[i] < 0 ? Variant::NullValue() : rows.cells[row * width + at[i]]);
-    to.InsertRows(table.name, names, batch);
+      for (std::size_t i = 0; i < rows.names.size(); ++i) batch.push_back(rows.Cell(static_cast<std::size_t>(row), i));
+    to.InsertRows(table.name, rows.names, batch);
     if (options.progress) options.progress(table.name, row, total);
   }
   // The autonumber goes on after the rows that came with their Nr.
@@ -177,7 +168,7 @@ std::vector<TableCopy> CopyStore(const StoreConnectionPtr& source, const StoreCo
                          "table " + sums[i].table + ": " + std::to_string(sums[i].rows) + " rows in the source, " +
                              std::to_string(copied[i].rows) + " in the copy, checksums " +
                              std::to_string(sums[i].checksum) + " and " + std::to_string(copied[i].checksum) +
-                             FirstDifference(SummedRows(*from, tables[i]), SummedRows(*to, tables[i])));
+                             FirstDifference(TableRows(*from, tables[i]), TableRows(*to, tables[i])));
     to->CommitWrite();
     return sums;
   } catch (...) {

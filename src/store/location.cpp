@@ -212,15 +212,12 @@ std::string WithLocationParameter(std::string_view location, std::string_view ke
   return Compose(parsed);
 }
 
-namespace detail {
-
-// The connection string libpq is given: the schema parameter is the library's own.
-std::string ConninfoOf(std::string_view location) {
-  Parsed parsed = Parse(location);
-  std::erase_if(parsed.parameters, [](const Parameter& p) { return p.key == "schema"; });
-  return Compose(parsed);
+std::string LibpqConnectionString(std::string_view location) {
+  std::string schema = LocationParameter(location, "schema");
+  std::string conninfo = WithLocationParameter(location, "schema", "");
+  if (schema.empty()) return conninfo;
+  std::string options = LocationParameter(conninfo, "options");
+  return WithLocationParameter(conninfo, "options", (options.empty() ? "" : options + " ") + "-csearch_path=" + schema);
 }
-
-}  // namespace detail
 
 }  // namespace ormelix

@@ -90,9 +90,8 @@ struct Recordset::Impl {
   bool open = true;
 
   std::shared_ptr<const detail::ColumnLayout> layout;
-  detail::RowSet own;                     // the rows of this recordset's read,
-  detail::RowSet* rows = &own;            // or those it shares:
-  std::shared_ptr<detail::RowSet> shared;  // with the recordsets of a StoreSharedReads scope
+  detail::RowSet own;                     // the rows of this recordset's read, or
+  std::shared_ptr<detail::RowSet> shared;  // those it shares with the recordsets of a StoreSharedReads scope
   std::vector<char> deleted;
   std::string base_table;
   int key_column = -1;
@@ -116,9 +115,11 @@ struct Recordset::Impl {
   bool fetched = false;
   std::optional<std::vector<Variant>> inserted;
 
+  detail::RowSet& Rows() { return shared ? *shared : own; }
+  const detail::RowSet& Rows() const { return shared ? *shared : own; }
   std::size_t Width() const { return layout->Size(); }
   const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
-  std::size_t RowCount() const { return Width() ? rows->cells.size() / Width() : 0; }
+  std::size_t RowCount() const { return Width() ? Rows().cells.size() / Width() : 0; }
   bool IsDeleted(std::uint32_t row) const { return !deleted.empty() && deleted[row]; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
@@ -137,7 +138,6 @@ struct Recordset::Impl {
   void Load(detail::QueryResult result) {
     SetLayout(std::move(result.layout));
     shared.reset();  // a read of its own (a Requery) leaves shared rows alone
-    rows = &own;
     own.cells = std::move(result.cells);
     // Both are made when first needed: most recordsets never delete a row or
     // filter by a column's index, and a load opens thousands.
@@ -150,7 +150,6 @@ struct Recordset::Impl {
   void Share(std::shared_ptr<detail::RowSet> rowset) {
     SetLayout(rowset->layout);
     shared = std::move(rowset);
-    rows = shared.get();
     deleted.clear();
     fetched = true;
   }
@@ -165,7 +164,7 @@ struct Recordset::Impl {
     const Variant key = (*inserted)[key_column];
     inserted.reset();
     for (std::size_t i = 0; i < View().size(); ++i)
-      if (rows->cells[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
+      if (Rows().cells[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
   }
 
   int Lookup(std::string_view name) const { return layout->Lookup(name); }
@@ -189,7 +188,7 @@ struct Recordset::Impl {
   const Variant* Row() {
     if (inserted) return inserted->data();
     if (!HasRow()) return nullptr;
-    return &rows->cells[static_cast<std::size_t>(View()[pos]) * Width()];
+    return &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
   }
 
   const Variant* Cell(int column) {
@@ -199,13 +198,13 @@ struct Recordset::Impl {
   }
 
   const ColumnIndex& IndexOf(int column) const {
-    if (rows->indexes.size() < Width()) rows->indexes.resize(Width());
-    if (!rows->indexes[column]) {
+    if (Rows().indexes.size() < Width()) Rows().indexes.resize(Width());
+    if (!Rows().indexes[column]) {
       auto index = std::make_unique<ColumnIndex>();
-      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(rows->cells[row * Width() + column], row);
-      rows->indexes[column] = std::move(index);
+      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(Rows().cells[row * Width() + column], row);
+      Rows().indexes[column] = std::move(index);
     }
-    return *rows->indexes[column];
+    return *Rows().indexes[column];
   }
 
   // Rows that may match: those of the most selective equality term that has an
@@ -224,8 +223,8 @@ struct Recordset::Impl {
     if (terms.empty()) return std::nullopt;
     std::optional<RowList> best;
     for (const FilterNode* term : terms) {
-      if (static_cast<std::size_t>(term->column) >= rows->indexes.size() || !rows->indexes[term->column]) continue;
-      RowList matches = rows->indexes[term->column]->Lookup(term->literal);
+      if (static_cast<std::size_t>(term->column) >= Rows().indexes.size() || !Rows().indexes[term->column]) continue;
+      RowList matches = Rows().indexes[term->column]->Lookup(term->literal);
       if (!best || matches.size() < best->size()) best = std::move(matches);
     }
     if (!best) best = IndexOf(terms.front()->column).Lookup(terms.front()->literal);
@@ -239,10 +238,10 @@ struct Recordset::Impl {
     if (!filter) return;
     if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
     } else {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &rows->cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
     }
   }
 
@@ -305,19 +304,19 @@ struct Recordset::Impl {
       }
       RowList& view = View();  // made before the new row joins the rows
       auto new_row = static_cast<std::uint32_t>(RowCount());
-      rows->cells.insert(rows->cells.end(), row.begin(), row.end());
+      Rows().cells.insert(Rows().cells.end(), row.begin(), row.end());
       if (!deleted.empty()) deleted.push_back(0);
-      for (std::size_t i = 0; i < rows->indexes.size(); ++i)
-        if (rows->indexes[i]) rows->indexes[i]->Add(rows->cells[new_row * Width() + i], new_row);
+      for (std::size_t i = 0; i < Rows().indexes.size(); ++i)
+        if (Rows().indexes[i]) Rows().indexes[i]->Add(Rows().cells[new_row * Width() + i], new_row);
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      Variant* row = inserted ? inserted->data() : &rows->cells[static_cast<std::size_t>(View()[pos]) * Width()];
+      Variant* row = inserted ? inserted->data() : &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
       backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
         row[i] = backend->Normalize(edit_row[i], Column(i).affinity);
-        if (!inserted && i < rows->indexes.size()) rows->indexes[i].reset();
+        if (!inserted && i < Rows().indexes.size()) Rows().indexes[i].reset();
       }
     }
     mode = None;
@@ -391,7 +390,6 @@ std::shared_ptr<detail::RowSet> Recordset::ShareRows() {
     d.own.layout = d.layout;
     d.shared = std::make_shared<detail::RowSet>(std::move(d.own));
     d.own = detail::RowSet{};
-    d.rows = d.shared.get();
   }
   return d.shared;
 }
@@ -526,7 +524,7 @@ void Recordset::Delete() {
   d.EnsureFetched();
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
   std::uint32_t row = d.View()[d.pos];
-  d.backend->DeleteRow(d.base_table, d.rows->cells[row * d.Width() + d.key_column]);
+  d.backend->DeleteRow(d.base_table, d.Rows().cells[row * d.Width() + d.key_column]);
   if (d.deleted.empty()) d.deleted.assign(d.RowCount(), 0);
   d.deleted[row] = 1;
   d.View().erase(d.View().begin() + d.pos);
@@ -557,7 +555,7 @@ void Recordset::Find(std::string_view criteria) {
   auto node = d.ParsedFilter(criteria);
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.View().size()); ++i) {
-    if (detail::Evaluate(*node, &d.rows->cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
+    if (detail::Evaluate(*node, &d.Rows().cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
       d.pos = i;
       return;
     }
@@ -585,7 +583,6 @@ void Recordset::Close() {
   impl_->backend->Recycle(std::move(impl_->own.cells));
   impl_->own.cells = {};
   impl_->shared.reset();
-  impl_->rows = &impl_->own;
   impl_->view_.clear();
   impl_->view_all_pending = false;
 }

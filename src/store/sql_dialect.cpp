@@ -132,25 +132,6 @@ std::vector<Token> Tokenize(std::string_view sql) {
   return tokens;
 }
 
-// A word followed by '(' names a function and stays bare.
-bool IsCall(const std::vector<Token>& tokens, std::size_t i) {
-  for (std::size_t j = i + 1; j < tokens.size(); ++j) {
-    if (tokens[j].type == Tok::Space) continue;
-    return tokens[j].type == Tok::Symbol && tokens[j].text == "(";
-  }
-  return false;
-}
-
-std::string AsciiUpper(std::string_view word);
-
-bool NextIsLike(const std::vector<Token>& tokens, std::size_t i) {
-  for (std::size_t j = i + 1; j < tokens.size(); ++j) {
-    if (tokens[j].type == Tok::Space) continue;
-    return tokens[j].type == Tok::Word && AsciiUpper(tokens[j].text) == "LIKE";
-  }
-  return false;
-}
-
 std::string AsciiUpper(std::string_view word) {
   std::string out(word);
   for (char& ch : out)
@@ -160,6 +141,24 @@ std::string AsciiUpper(std::string_view word) {
 
 // Words that stay bare in PostgreSQL; any other bare word there is an identifier
 // and is quoted, so that mixed case and umlauts survive.
+// The first token after tokens[i] that is not blank, or nullptr at the end.
+const Token* NextToken(const std::vector<Token>& tokens, std::size_t i) {
+  for (std::size_t j = i + 1; j < tokens.size(); ++j)
+    if (tokens[j].type != Tok::Space) return &tokens[j];
+  return nullptr;
+}
+
+// A word followed by '(' names a function and stays bare.
+bool IsCall(const std::vector<Token>& tokens, std::size_t i) {
+  const Token* next = NextToken(tokens, i);
+  return next && next->type == Tok::Symbol && next->text == "(";
+}
+
+bool NextIsLike(const std::vector<Token>& tokens, std::size_t i) {
+  const Token* next = NextToken(tokens, i);
+  return next && next->type == Tok::Word && AsciiUpper(next->text) == "LIKE";
+}
+
 bool IsKeyword(const std::string& upper) {
   static const char* const kKeywords[] = {
       "SELECT", "FROM",  "WHERE", "AND",   "OR",    "NOT",  "ORDER", "BY",    "ASC",
@@ -198,11 +197,8 @@ class CaseCalls {
 
   void Word(const std::string& upper) { called_ = upper == "LCASE" ? Lower : upper == "UCASE" ? Upper : None; }
 
-  // The function's name as the dialect has it.
-  static const char* Name(bool lower, SqlDialect dialect) {
-    if (dialect == SqlDialect::Sqlite) return lower ? "LCASE" : "UCASE";
-    return lower ? "lower" : "replace(upper";
-  }
+  // The function's name on PostgreSQL (SQLite has LCASE and UCASE registered).
+  static const char* PostgresName(bool lower) { return lower ? "lower" : "replace(upper"; }
 
   void Symbol(std::string_view symbol, std::string& out) {
     if (symbol == "(") {
@@ -338,6 +334,15 @@ void AppendQuotedIdentifier(std::string& out, std::string_view name) {
   out += '"';
 }
 
+std::string QuotedIdentifierList(const std::vector<std::string>& names) {
+  std::string out;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i) out += ',';
+    AppendQuotedIdentifier(out, names[i]);
+  }
+  return out;
+}
+
 std::string QuoteIdentifier(std::string_view name) {
   std::string out;
   out.reserve(name.size() + 2);
@@ -436,7 +441,7 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         } else if (upper == "TRUE") {
           literal(Variant(static_cast<std::int64_t>(-1)), "-1");
         } else if (dialect == SqlDialect::Postgres && (upper == "LCASE" || upper == "UCASE")) {
-          emit.out += CaseCalls::Name(upper == "LCASE", dialect);
+          emit.out += CaseCalls::PostgresName(upper == "LCASE");
         } else if (dialect == SqlDialect::Postgres && (upper == "LIKE" || (upper == "NOT" && NextIsLike(tokens, i)))) {
           // The text order is nondeterministic, which PostgreSQL's LIKE refuses;
           // LIKE compares as on SQLite: ASCII letters without regard to case.

@@ -39,6 +39,8 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect);
 std::string QuoteIdentifier(std::string_view name);
 // The same, appended to OUT: the statements of a row's save name every column.
 void AppendQuotedIdentifier(std::string& out, std::string_view name);
+// "a","b","c": the columns of an INSERT.
+std::string QuotedIdentifierList(const std::vector<std::string>& names);
 
 // The name as the schema of either store spells it (a table or a column, found
 // without regard to case, umlauts included); any other name as it stands.

@@ -41,6 +41,11 @@ TEST(Location, ParametersAreSetReplacedAndTakenOut) {
   EXPECT_EQ(WithLocationParameter("host=db schema=a", "schema", ""), "host=db");
   EXPECT_EQ(WithLocationParameter("host=db", "options", "-c x=1"), "host=db options='-c x=1'");
   EXPECT_EQ(LocationParameter(WithLocationParameter("host=db", "options", "it's"), "options"), "it's");
+  // For libpq itself the schema goes onto the search path, after options it had.
+  EXPECT_EQ(LibpqConnectionString("host=db schema=lohn options='-c x=1'"),
+            "host=db options='-c x=1 -csearch_path=lohn'");
+  EXPECT_EQ(LibpqConnectionString("postgres://db/p?schema=lohn"), "postgres://db/p?options=-csearch_path%3Dlohn");
+  EXPECT_EQ(LibpqConnectionString("host=db"), "host=db");
 }
 
 TEST(Location, AServerThatCannotBeReachedIsAStoreErrorWithoutThePassword) {

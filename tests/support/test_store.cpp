@@ -145,12 +145,9 @@ void RefuseRows(const StoreConnectionPtr& db, const std::string& table, const st
 }
 
 std::string RunOnServer(const std::string& location, const std::string& sql) {
-  // libpq does not know the library's own schema parameter: the search path says it.
-  std::string schema = LocationParameter(location, "schema");
-  std::string conninfo = WithLocationParameter(location, "schema", "");
-  if (!schema.empty()) conninfo = WithLocationParameter(conninfo, "options", "-csearch_path=" + schema);
-  conninfo = WithLocationParameter(conninfo, "options",
-                                   LocationParameter(conninfo, "options") + " -cclient_min_messages=warning");
+  const std::string options = LocationParameter(location, "options");
+  std::string conninfo = LibpqConnectionString(WithLocationParameter(
+      location, "options", (options.empty() ? "" : options + " ") + "-cclient_min_messages=warning"));
   PGconn* conn = PQconnectdb(conninfo.c_str());
   std::string cell;
   std::string failure;

@@ -29,4 +29,9 @@ std::string ShownLocation(std::string_view location);
 std::string LocationParameter(std::string_view location, std::string_view key);
 std::string WithLocationParameter(std::string_view location, std::string_view key, std::string_view value);
 
+// The connection string a program hands libpq itself to reach the store as the
+// library does: libpq does not know schema=NAME, so the schema goes onto the
+// search path instead (libpq's options parameter, added to any it has).
+std::string LibpqConnectionString(std::string_view location);
+
 }  // namespace ormelix

@@ -106,6 +106,27 @@ Variant UntypedValue(std::string_view text) {
   return Variant(text);
 }
 
+// The text form of a value that is not Null: booleans as -1/0, numbers to every digit.
+std::string TextForm(const Variant& value) {
+  switch (value.kind()) {
+    case Variant::Boolean:
+      return value.AsBool() ? "-1" : "0";
+    case Variant::Integer:
+      return IntegerText(value.AsInteger());
+    case Variant::Double:
+      return FormatNumber(value.AsDouble());
+    default:
+      return value.AsText();
+  }
+}
+
+// $1,$2,$3 for as many parameters.
+std::string Placeholders(std::size_t count) {
+  std::string marks;
+  for (std::size_t i = 1; i <= count; ++i) marks += (i > 1 ? ",$" : "$") + std::to_string(i);
+  return marks;
+}
+
 // The text form of a parameter (Null as no text at all).
 struct ParamTexts {
   std::vector<std::string> texts;
@@ -115,24 +136,8 @@ struct ParamTexts {
     texts.assign(params.size(), {});
     values.assign(params.size(), nullptr);
     for (std::size_t i = 0; i < params.size(); ++i) {
-      const Variant& value = params[i];
-      switch (value.kind()) {
-        case Variant::Empty:
-        case Variant::Null:
-          continue;
-        case Variant::Boolean:
-          texts[i] = value.AsBool() ? "-1" : "0";
-          break;
-        case Variant::Integer:
-          texts[i] = IntegerText(value.AsInteger());
-          break;
-        case Variant::Double:
-          texts[i] = FormatNumber(value.AsDouble());
-          break;
-        case Variant::Text:
-          texts[i] = value.AsText();
-          break;
-      }
+      if (params[i].IsMissing()) continue;
+      texts[i] = TextForm(params[i]);
       values[i] = texts[i].c_str();
     }
   }
@@ -258,16 +263,8 @@ class PostgresBackend final : public Backend {
                         const std::vector<Variant>& values) override {
     EndSnapshotForWrite();
     std::string sql = "INSERT INTO " + QuoteIdentifier(table);
-    if (columns.empty()) {
-      sql += " DEFAULT VALUES";
-    } else {
-      std::string names, marks;
-      for (std::size_t i = 0; i < columns.size(); ++i) {
-        names += (i ? "," : "") + QuoteIdentifier(columns[i]);
-        marks += (i ? ",$" : "$") + std::to_string(i + 1);
-      }
-      sql += " (" + names + ") VALUES (" + marks + ")";
-    }
+    if (columns.empty()) sql += " DEFAULT VALUES";
+    else sql += " (" + QuotedIdentifierList(columns) + ") VALUES (" + Placeholders(columns.size()) + ")";
     sql += " RETURNING *";
     ResultHandle result = RunWrite(sql, values, table, columns);
     return Fetch(result.get(), LayoutOf(sql, values, result.get()));
@@ -277,19 +274,16 @@ class PostgresBackend final : public Backend {
   void InsertRows(const std::string& table, const std::vector<std::string>& columns,
                   const std::vector<Variant>& cells) override {
     if (columns.empty() || cells.empty()) return;
-    std::string names, marks;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      names += (i ? "," : "") + QuoteIdentifier(columns[i]);
-      marks += (i ? ",$" : "$") + std::to_string(i + 1);
-    }
-    std::string insert = "INSERT INTO " + QuoteIdentifier(table) + " (" + names + ") VALUES (" + marks + ")";
+    const std::string names = QuotedIdentifierList(columns);
+    std::string insert =
+        "INSERT INTO " + QuoteIdentifier(table) + " (" + names + ") VALUES (" + Placeholders(columns.size()) + ")";
     Statement& statement = Prepare(insert, {}, insert, false);
     std::vector<Affinity> affinities = ParamAffinities(statement, insert, table, columns);
     if (cache_limit_ == 0) Forget(statement);
     std::string sql = "COPY " + QuoteIdentifier(table) + " (" + names + ") FROM STDIN";
     SaveStep();
     ResultHandle start(PQexec(conn_.get(), sql.c_str()));
-    if (start.Status() != PGRES_COPY_IN) Refused(sql, start.get());
+    if (PQresultStatus(start.get()) != PGRES_COPY_IN) Refused(sql, start.get());
     std::string buffer;
     for (std::size_t i = 0; i < cells.size(); ++i) {
       std::size_t column = i % columns.size();
@@ -337,15 +331,6 @@ class PostgresBackend final : public Backend {
     RunWrite(sql, {row_key}, table, {});
   }
 
-  // One writer at a time per store, as SQLite's BEGIN IMMEDIATE has it: the
-  // transaction takes a lock of the store's schema (an advisory lock, held to its
-  // end) before it reads anything. A save that looks for its row and then
-  // inserts it is so never run beside another program's save of the same row:
-  // the second waits (up to the busy timeout, as lock_timeout), then finds the
-  // first one's row and changes it, and two first saves of one pay month leave
-  // one whole row. The unique indexes of the schema guard the same keys against
-  // programs that write without the lock. Reads take no lock and see what
-  // committed before each statement.
   // A read snapshot is a transaction of repeatable reads: every statement of it
   // sees the store as of its first.
   void BeginRead() override {
@@ -355,10 +340,17 @@ class PostgresBackend final : public Backend {
     reading_ = true;
   }
 
-  void EndRead() override {
-    if (std::exchange(reading_, false)) EndReading();
-  }
+  void EndRead() override { EndSnapshotForWrite(); }
 
+  // One writer at a time per store, as SQLite's BEGIN IMMEDIATE has it: the
+  // transaction takes a lock of the store's schema (an advisory lock, held to its
+  // end) before it reads anything. A save that looks for its row and then
+  // inserts it is so never run beside another program's save of the same row:
+  // the second waits (up to the busy timeout, as lock_timeout), then finds the
+  // first one's row and changes it, and two first saves of one pay month leave
+  // one whole row. The unique indexes of the schema guard the same keys against
+  // programs that write without the lock. Reads take no lock and see what
+  // committed before each statement.
   void BeginWrite() override {
     // A read snapshot ends here: the write needs a transaction of its own, so that
     // its Commit makes it durable at once.
@@ -574,13 +566,9 @@ class PostgresBackend final : public Backend {
         out += "\\N";
         return;
       case Variant::Boolean:
-        out += value.AsBool() ? "-1" : "0";
-        return;
       case Variant::Integer:
-        out += IntegerText(value.AsInteger());
-        return;
       case Variant::Double:
-        out += FormatNumber(value.AsDouble());
+        out += TextForm(value);
         return;
       case Variant::Text:
         for (char c : value.AsText()) {

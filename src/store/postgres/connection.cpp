@@ -1,13 +1,9 @@
 #include "connection.h"
 
+#include "../sql_dialect.h"
 #include "ormelix/error.h"
 #include "ormelix/store/location.h"
 #include "ormelix/text.h"
-
-namespace ormelix::detail {
-std::string ConninfoOf(std::string_view location);
-std::string QuoteIdentifier(std::string_view name);
-}  // namespace ormelix::detail
 
 namespace ormelix::detail::postgres {
 
@@ -41,15 +37,14 @@ ConnectionHandle Open(const std::string& conninfo) {
   return conn;
 }
 
-void Run(PGconn* conn, const std::string& sql, const Server& server) {
+ResultHandle Run(PGconn* conn, const std::string& sql, const Server& server) {
   ResultHandle result(PQexec(conn, sql.c_str()));
   if (Failed(result.get())) ThrowRefused("statement refused by the store", sql, conn, result.get(), server);
+  return result;
 }
 
 bool Exists(PGconn* conn, const std::string& sql, const Server& server) {
-  ResultHandle result(PQexec(conn, sql.c_str()));
-  if (Failed(result.get())) ThrowRefused("statement refused by the store", sql, conn, result.get(), server);
-  return PQntuples(result.get()) > 0;
+  return PQntuples(Run(conn, sql, server).get()) > 0;
 }
 
 // A new store's database, made through the maintenance database as createdb does.
@@ -76,7 +71,7 @@ void CreateDatabase(const Server& server, PGconn* refused) {
 
 Server Server::Of(const std::string& location) {
   Server server;
-  server.conninfo = ConninfoOf(location);
+  server.conninfo = WithLocationParameter(location, "schema", "");  // the schema parameter is the library's own
   server.schema = LocationParameter(location, "schema");
   server.shown = ShownLocation(location);
   server.password = LocationParameter(location, "password");

@@ -196,10 +196,7 @@ class SqliteBackend final : public Backend {
     reading_ = true;
   }
 
-  void EndRead() override {
-    if (!std::exchange(reading_, false) || !db_ || InAutocommit()) return;
-    RunControl("COMMIT");
-  }
+  void EndRead() override { EndSnapshotForWrite(); }
 
   void CommitWrite() override {
     RequireOpen("COMMIT");
@@ -258,12 +255,7 @@ class SqliteBackend final : public Backend {
     if (columns.empty()) {
       sql += " DEFAULT VALUES";
     } else {
-      sql.reserve(sql.size() + columns.size() * 32);
-      for (std::size_t i = 0; i < columns.size(); ++i) {
-        sql += i ? "," : " (";
-        AppendQuotedIdentifier(sql, columns[i]);
-      }
-      sql += ") VALUES (?";
+      sql += " (" + QuotedIdentifierList(columns) + ") VALUES (?";
       for (std::size_t i = 1; i < columns.size(); ++i) sql += ",?";
       sql += ")";
     }
@@ -343,15 +335,15 @@ class SqliteBackend final : public Backend {
 
   bool InAutocommit() const { return db_ && sqlite3_get_autocommit(db_.get()); }
 
-  // A write goes only to the file that was opened: one deleted, renamed or replaced
-  // by another since then would take the write where nobody finds it again, or
-  // have the old log applied to the new file.
-  // A write ends a read snapshot first: made within it, it would become durable
-  // only with the snapshot's end.
+  // Ends an open read snapshot. A write ends it first: made within it, it would
+  // become durable only with the snapshot's end.
   void EndSnapshotForWrite() {
     if (std::exchange(reading_, false) && db_ && !InAutocommit()) RunControl("COMMIT");
   }
 
+  // A write goes only to the file that was opened: one deleted, renamed or replaced
+  // by another since then would take the write where nobody finds it again, or
+  // have the old log applied to the new file.
   void RequireInPlace() {
     if (!HasMoved()) return;
     if (!InAutocommit()) RunControl("ROLLBACK");
