@@ -17,4 +17,15 @@ bool EqualsFolded(std::string_view a, std::string_view b);
 
 std::string_view TrimBlanks(std::string_view text);
 
+// The length of the well-formed UTF-8 sequence at text[i], 0 for a byte that
+// starts none (a stray continuation byte, an overlong form, a surrogate, a code
+// point past U+10FFFF, a sequence cut short).
+std::size_t Utf8Length(std::string_view text, std::size_t i);
+// True when the whole text is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
+
+// Appends the text as a JSON string. Bytes that are no UTF-8 (a stored name
+// written in another encoding) each become U+FFFD, so that the document stays valid.
+void AppendJsonString(std::string& out, std::string_view text);
+
 }  // namespace ormelix
