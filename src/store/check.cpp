@@ -88,10 +88,10 @@ class Checker {
       for (std::size_t row = 0; row < rows.Rows(); ++row) {
         const Variant& id = rows.Cell(row, static_cast<std::size_t>(column));
         if (id.IsText() && !id.AsText().empty() && ids->second.count(detail::KeyText(id))) continue;
-        std::string which = id.IsMissing() || (id.IsText() && id.AsText().empty())
-                                ? std::string("no ") + owner.what + " (" + owner.column + " is empty)"
-                                : "its " + std::string(owner.what) + " " + id.Describe() + " is not in " + owner.table;
-        Add({"owner", rows.table.name, rows.RowName(row), owner.column, "the row has " + which});
+        std::string what = id.IsMissing() || (id.IsText() && id.AsText().empty())
+                               ? std::string("the row has no ") + owner.what + " (" + owner.column + " is empty)"
+                               : std::string("the row's ") + owner.what + " " + id.Describe() + " is not in " + owner.table;
+        Add({"owner", rows.table.name, rows.RowName(row), owner.column, what});
       }
     }
   }
@@ -120,19 +120,22 @@ class Checker {
   std::unordered_map<std::string, std::unordered_set<std::string>> owners_;
 };
 
-// A store file (or a side file of it) whose mode lets others than its owner and
-// its group read or write it.
+// A store file (and its side files) whose mode lets others than its owner and
+// its group read or write it: one finding that names each such file.
 void CheckAccess(const std::string& path, Checker& checker) {
+  std::string open;
   for (const char* side : {"", "-wal", "-shm", "-journal"}) {
     struct stat status {};
     std::string file = path + side;
     if (::stat(file.c_str(), &status) != 0 || (status.st_mode & (S_IROTH | S_IWOTH)) == 0) continue;
     char mode[8];
     std::snprintf(mode, sizeof mode, "%04o", static_cast<unsigned>(status.st_mode & 07777));
-    checker.Add({"access", "", "", "",
-                 file + " may be read by others (mode " + mode + "): it holds salaries, bank accounts and children; "
-                 "chmod o-rwx it (600 for its owner, 660 for a group of clerks)"});
+    open += (open.empty() ? "" : ", ") + file + " (mode " + mode + ")";
   }
+  if (!open.empty())
+    checker.Add({"access", "", "", "",
+                 "others may read " + open + ", which hold salaries, bank accounts and children; chmod o-rwx "
+                 "them (600 for the owner alone, 660 for a group of clerks)"});
 }
 
 }  // namespace

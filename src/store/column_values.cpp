@@ -1,6 +1,7 @@
 #include "ormelix/store/column_values.h"
 
 #include <cmath>
+#include <cstdio>
 #include <cstdint>
 #include <limits>
 
@@ -82,6 +83,17 @@ bool IsIdColumn(const SchemaColumn& column) {
   return column.type == "text" && column.name.size() >= 2 && column.name.compare(column.name.size() - 2, 2, "ID") == 0;
 }
 
+// A number as a person reads it: a whole one with all its digits (5000000, not
+// 5e+06), another as the shortest text that reads back as it.
+std::string PlainNumber(double number) {
+  if (number == std::floor(number) && std::fabs(number) < 1e15) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.0f", number);
+    return number == 0 ? "0" : text;
+  }
+  return FormatNumber(number);
+}
+
 std::string Quoted(std::string_view text) { return "'" + ShortenForMessage(text, 60) + "'"; }
 
 std::string NumberWord(const std::string& type) {
@@ -125,24 +137,24 @@ Variant ParseUntyped(std::string_view text) {
 }
 
 std::string RangeProblem(const SchemaColumn& column, double number) {
-  auto outside = [&](const std::string& range) { return FormatNumber(number) + " lies outside " + range; };
-  if (column.type == "bool") return number == -1 || number == 0 ? "" : FormatNumber(number) + " is no boolean (-1 or 0)";
-  if (!std::isfinite(number)) return FormatNumber(number) + " is no finite number";
+  auto outside = [&](const std::string& range) { return PlainNumber(number) + " lies outside " + range; };
+  if (column.type == "bool") return number == -1 || number == 0 ? "" : PlainNumber(number) + " is no boolean (-1 or 0)";
+  if (!std::isfinite(number)) return PlainNumber(number) + " is no finite number";
   if (column.type == "double") return "";
   if (column.type == "date") {
     bool inside = number >= DateHelpers::DateSerial(100, 1, 1) && number < DateHelpers::DateSerial(10000, 1, 1);
     return inside ? "" : outside("the dates of the years 100 to 9999");
   }
-  if (number != std::floor(number)) return FormatNumber(number) + " is no whole number";
+  if (number != std::floor(number)) return PlainNumber(number) + " is no whole number";
   if (column.type == "int16" && (number < -32768 || number > 32767)) return outside("16 bits (-32768 to 32767)");
   if (column.type == "int32" && (number < std::numeric_limits<std::int32_t>::min() ||
                                  number > std::numeric_limits<std::int32_t>::max()))
     return outside("32 bits");
-  if (column.name == "Nr" && column.primary && number < 1) return FormatNumber(number) + " is no row number (from 1)";
+  if (column.name == "Nr" && column.primary && number < 1) return PlainNumber(number) + " is no row number (from 1)";
   if (column.name == "Zeitraum") {
     auto period = static_cast<long long>(number);
     if (period < 100001 || period > 999912 || period % 100 < 1 || period % 100 > 12)
-      return FormatNumber(number) + " is no period YYYYMM (a year from 1000, a month from 01 to 12)";
+      return PlainNumber(number) + " is no period YYYYMM (a year from 1000, a month from 01 to 12)";
   }
   return "";
 }
@@ -241,7 +253,7 @@ ValueText ColumnValueText(const SchemaColumn& column, const Variant& value) {
   }
   if (value.kind() == Variant::Integer) return {ValueText::Number, std::to_string(value.AsInteger())};
   if (column.type == "any") return {ValueText::Number, detail::DoubleAsStoredText(number)};
-  return {ValueText::Number, FormatNumber(number)};
+  return {ValueText::Number, PlainNumber(number)};
 }
 
 }  // namespace ormelix

@@ -31,13 +31,6 @@ void Close(std::ofstream& out, const std::string& path) {
 
 }  // namespace
 
-ImportError::ImportError(std::string file, std::size_t line, std::string column, const std::string& message)
-    : Error(file + (line ? " line " + std::to_string(line) : std::string()) +
-            (column.empty() ? std::string() : ", column " + ShortenForMessage(column, 60)) + ": " + message),
-      file_(std::move(file)),
-      line_(line),
-      column_(std::move(column)) {}
-
 std::vector<std::string> SchemaTableNames(const std::vector<std::string>& names, StoreKind kind) {
   std::vector<std::string> found;
   for (const SchemaTable& table : SchemaTables(kind))

@@ -142,8 +142,8 @@ class StoreImport {
       long rows = CountRows(*backend_, file->table);
       if (rows > 0 && !options_.replace)
         throw ImportError(file->path, 0, "",
-                          "the table " + file->table + " of " + backend_->Path() + " holds " + std::to_string(rows) +
-                              " rows already; import goes into empty tables (or give --replace)");
+                          "the table " + file->table + " of " + backend_->Path() +
+                              " holds rows already; import goes into empty tables (or give --replace)");
     }
     if (options_.replace) {
       CheckCascades(files_, kind_, *backend_);
@@ -189,6 +189,13 @@ class StoreImport {
 };
 
 }  // namespace
+
+ImportError::ImportError(std::string file, std::size_t line, std::string column, const std::string& message)
+    : Error(file + (line ? " line " + std::to_string(line) : std::string()) +
+            (column.empty() ? std::string() : ", column " + ShortenForMessage(column, 60)) + ": " + message),
+      file_(std::move(file)),
+      line_(line),
+      column_(std::move(column)) {}
 
 std::vector<TableFile> FindTableFiles(const std::string& dir) {
   std::vector<TableFile> files;

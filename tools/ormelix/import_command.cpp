@@ -75,8 +75,9 @@ int Import(Arguments args) {
     throw UsageError("'" + Shown(*dir) + "' is no folder; expected the folder of an export (TABLE.csv or TABLE.json)");
   std::vector<ormelix::TableFile> files = ormelix::FindTableFiles(*dir);
   bool server = ormelix::IsServerLocation(*to);
-  if (!server && KindAt(*to) == std::filesystem::file_type::not_found && std::filesystem::path(*to).extension() != ".db")
-    MakeFolder(*to);  // a new folder for payroll.db and reference.db
+  const bool new_folder = !server && KindAt(*to) == std::filesystem::file_type::not_found &&
+                          std::filesystem::path(*to).extension() != ".db";
+  if (new_folder) MakeFolder(*to);  // a new folder for payroll.db and reference.db
   StoreLocations stores = LocateStores(*to);
   std::vector<Target> targets;
   for (auto [location, kind] : {std::pair{stores.payroll, ormelix::StoreKind::Payroll},
@@ -107,6 +108,8 @@ int Import(Arguments args) {
     opened.clear();
     for (Target& target : targets) target.store.reset();
     RemoveMade(targets, server);
+    std::error_code ignored;
+    if (new_folder) std::filesystem::remove(*to, ignored);  // only if it is empty again
     throw;
   }
   return 0;
