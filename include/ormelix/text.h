@@ -21,6 +21,8 @@ std::string_view TrimBlanks(std::string_view text);
 // starts none (a stray continuation byte, an overlong form, a surrogate, a code
 // point past U+10FFFF, a sequence cut short).
 std::size_t Utf8Length(std::string_view text, std::size_t i);
+// Appends a code point (up to U+10FFFF) in UTF-8.
+void AppendUtf8(std::string& out, char32_t code);
 // True when the whole text is well-formed UTF-8.
 bool IsUtf8(std::string_view text);
 
