@@ -1,7 +1,8 @@
-// The keyed collection every list of the library is built on: ordered, counted
-// from 1, with optional text keys (compared without regard to case), insertion
-// before or after a key or position, and lookup by position or key. Items are
-// shared: what a lookup hands out is the object in the list, not a copy.
+/// \file
+/// The keyed collection every list of the library is built on: ordered, counted
+/// from 1, with optional text keys (compared without regard to case), insertion
+/// before or after a key or position, and lookup by position or key. Items are
+/// shared: what a lookup hands out is the object in the list, not a copy.
 #pragma once
 
 #include <algorithm>
@@ -36,8 +37,8 @@ class Collection {
   long Count() const { return static_cast<long>(items_.size()); }
   bool Empty() const { return items_.empty(); }
 
-  // Adds at the end, or before/after the entry that `before`/`after` names (a
-  // position from 1 or a key). A key already in use is a failure.
+  /// Adds at the end, or before/after the entry that `before`/`after` names (a
+  /// position from 1 or a key). A key already in use is a failure.
   void Add(Ptr item, const std::string& key = "", const Variant& before = {}, const Variant& after = {}) {
     std::size_t at = items_.size();
     if (!before.IsMissing()) at = IndexOf(before);
@@ -50,7 +51,7 @@ class Collection {
     items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), Entry{std::move(item), std::move(folded)});
   }
 
-  // By position (a number, from 1) or key (a text). KeyNotFound when there is none.
+  /// By position (a number, from 1) or key (a text). KeyNotFound when there is none.
   const Ptr& Item(const Variant& index) const {
     if (index.IsText()) {
       auto found = keys_.find(FoldCase(index.AsText()));
@@ -61,7 +62,7 @@ class Collection {
   }
   const Ptr& operator[](long position) const { return Item(Variant(position)); }
 
-  // True if the key is in the list.
+  /// True if the key is in the list.
   bool HasKey(const std::string& key) const { return keys_.count(FoldCase(key)) != 0; }
 
   void Remove(const Variant& index) {
@@ -75,7 +76,7 @@ class Collection {
     keys_.clear();
   }
 
-  // Iteration over the items in order (NewEnum).
+  /// Iteration over the items in order (NewEnum).
   class const_iterator {
    public:
     using iterator_category = std::forward_iterator_tag;

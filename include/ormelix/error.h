@@ -1,5 +1,6 @@
-// The failures of the library. Everything it raises derives from ormelix::Error,
-// except range failures of indexed properties, which are std::out_of_range.
+/// \file
+/// The failures of the library. Everything it raises derives from ormelix::Error,
+/// except range failures of indexed properties, which are std::out_of_range.
 #pragma once
 
 #include <cstddef>
@@ -14,22 +15,22 @@ class Error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The first `limit` characters of a text (an SQL statement, say) for a message,
-// cut at a character boundary and marked "..." where cut, on one line.
+/// The first `limit` characters of a text (an SQL statement, say) for a message,
+/// cut at a character boundary and marked "..." where cut, on one line.
 std::string ShortenForMessage(std::string_view text, std::size_t limit = 200);
 
-// A statement, filter, field or file the store could not serve. Subject() is the
-// SQL text, filter text, field name or path that was being worked on (whole);
-// what() names it by its first 200 characters. BackendMessage() is what the
-// backend said (may be empty for our own checks).
+/// A statement, filter, field or file the store could not serve. Subject() is the
+/// SQL text, filter text, field name or path that was being worked on (whole);
+/// what() names it by its first 200 characters. BackendMessage() is what the
+/// backend said (may be empty for our own checks).
 class StoreError : public Error {
  public:
   StoreError(const std::string& what_failed, std::string subject, std::string backend_message = {}, int code = 0);
 
   const std::string& Subject() const noexcept { return subject_; }
   const std::string& BackendMessage() const noexcept { return backend_message_; }
-  // The backend's error number (SQLite's extended result code), 0 for a failure
-  // found by the library itself.
+  /// The backend's error number (SQLite's extended result code), 0 for a failure
+  /// found by the library itself.
   int Code() const noexcept { return code_; }
 
  private:
@@ -38,7 +39,7 @@ class StoreError : public Error {
   int code_ = 0;
 };
 
-// A failed lookup in a keyed collection, by key or by position.
+/// A failed lookup in a keyed collection, by key or by position.
 class KeyNotFound : public Error {
  public:
   KeyNotFound(std::string key, const std::string& collection);
@@ -49,8 +50,8 @@ class KeyNotFound : public Error {
   std::string key_;
 };
 
-// A value that cannot be turned into the wanted type (say, a text that is no
-// boolean where a boolean is read).
+/// A value that cannot be turned into the wanted type (say, a text that is no
+/// boolean where a boolean is read).
 class ConversionError : public Error {
  public:
   using Error::Error;

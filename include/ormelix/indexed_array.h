@@ -1,7 +1,8 @@
-// Arrays with the index ranges of the domain: months 0..12 (MonthArray), months
-// 1..12 (Month1Array), and grids such as line 1..5 x month 0..12. An index outside
-// the range is std::out_of_range naming the property and the index, at once, in
-// the getter as in the setter.
+/// \file
+/// Arrays with the index ranges of the domain: months 0..12 (MonthArray), months
+/// 1..12 (Month1Array), and grids such as line 1..5 x month 0..12. An index outside
+/// the range is std::out_of_range naming the property and the index, at once, in
+/// the getter as in the setter.
 #pragma once
 
 #include <array>
@@ -48,11 +49,11 @@ using MonthArray = IndexedArray<T, 0, 12>;
 template <class T>
 using Month1Array = IndexedArray<T, 1, 12>;
 
-// The storage of the grids below: a block of cells per month, allocated at the
-// first write into that month, so that an object with many grids that a load
-// leaves untouched (the wage-type lines of an employee without any) costs a pointer
-// each, and one with the lines of one month holds that month only. A read of an
-// untouched cell gives T{}.
+/// The storage of the grids below: a block of cells per month, allocated at the
+/// first write into that month, so that an object with many grids that a load
+/// leaves untouched (the wage-type lines of an employee without any) costs a pointer
+/// each, and one with the lines of one month holds that month only. A read of an
+/// untouched cell gives T{}.
 template <class T, std::size_t PerMonth>
 class MonthBlocks {
  public:
@@ -98,13 +99,13 @@ class MonthBlocks {
   std::unique_ptr<Months> months_;
 };
 
-// Two indices (a, month): a in ALow..AHigh, month 0..12.
+/// Two indices (a, month): a in ALow..AHigh, month 0..12.
 template <class T, int ALow, int AHigh>
 class MonthGrid {
  public:
   explicit MonthGrid(const char* name = nullptr) : name_(name) {}
 
-  // The first index is checked before the month.
+  /// The first index is checked before the month.
   T& operator()(int a, int month) {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
@@ -113,7 +114,7 @@ class MonthGrid {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
   }
-  // False while no value has been written.
+  /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:
@@ -130,13 +131,13 @@ class MonthGrid {
   const char* name_;
 };
 
-// Three indices (a, b, month): a in ALow..AHigh, b in BLow..BHigh, month 0..12.
+/// Three indices (a, b, month): a in ALow..AHigh, b in BLow..BHigh, month 0..12.
 template <class T, int ALow, int AHigh, int BLow, int BHigh>
 class MonthGrid3 {
  public:
   explicit MonthGrid3(const char* name = nullptr) : name_(name) {}
 
-  // The indices are checked in order: a, b, month.
+  /// The indices are checked in order: a, b, month.
   T& operator()(int a, int b, int month) {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
@@ -145,7 +146,7 @@ class MonthGrid3 {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
   }
-  // False while no value has been written.
+  /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:

@@ -1,4 +1,5 @@
-// Text helpers shared by the store and the collections.
+/// \file
+/// Text helpers shared by the store and the collections.
 #pragma once
 
 #include <string>
@@ -6,11 +7,11 @@
 
 namespace ormelix {
 
-// Lower case for comparisons without regard to case: ASCII letters and the
-// letters of Latin-1 and Latin Extended-A in UTF-8 text (Ä Ö Ü, É, Č Ł Ő and
-// the like) fold; everything else stays as it is.
+/// Lower case for comparisons without regard to case: ASCII letters and the
+/// letters of Latin-1 and Latin Extended-A in UTF-8 text (Ä Ö Ü, É, Č Ł Ő and
+/// the like) fold; everything else stays as it is.
 std::string FoldCase(std::string_view text);
-// The same towards upper case (ä to Ä, ß stays).
+/// The same towards upper case (ä to Ä, ß stays).
 std::string UpperCase(std::string_view text);
 
 bool EqualsFolded(std::string_view a, std::string_view b);

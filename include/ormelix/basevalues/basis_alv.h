@@ -1,9 +1,9 @@
-// LBasis_ALV: the five upper bounds of the unemployment-insurance steps of a dated
-// table, columns N25a to N25e of Basiswerte_Zeittabelle_ALV.
 #pragma once
 
 namespace ormelix {
 
+/// The five upper bounds of the unemployment-insurance steps of a dated
+/// table, columns N25a to N25e of Basiswerte_Zeittabelle_ALV.
 class LBasis_ALV {
  public:
   double N25a_bis = 0;

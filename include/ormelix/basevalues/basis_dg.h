@@ -1,9 +1,3 @@
-// LBasis_DG: the employer contributions of a dated table, a matrix of kinds of
-// contribution (the LBasis_DG_Wert objects: SV_Laufend, SV_Sonderzahlung, FALAST,
-// FALASTLGV, Kommunalsteuer, DZBL per province, U_Bahn, Produktivitaetsfaktor) by
-// employee group (the properties of LBasis_DG_Wert). Apprentice groups have one
-// value per total length of the apprenticeship (index 1 to 4, eBasisLehrjahre);
-// the 2016 apprentice groups carry only the two social-insurance rows.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +10,8 @@ namespace ormelix {
 
 class LBasis_DG_Wert {
  public:
-  // One value per length of apprenticeship, index 0 to 4; index 0 is neither
-  // loaded nor saved, anything outside is std::out_of_range.
+  /// One value per length of apprenticeship, index 0 to 4; index 0 is neither
+  /// loaded nor saved, anything outside is std::out_of_range.
   using Lehrjahre = IndexedArray<double, 0, 4>;
 
   double Geschäftsführer = 0;
@@ -60,10 +54,10 @@ class LBasis_DG_Wert {
   Lehrjahre LehrlingForstArbeiter42016{"LehrlingForstArbeiter42016"};
   Lehrjahre LehrlingForstArbeiter52016{"LehrlingForstArbeiter52016"};
 
-  // The value of an employee group (eBasisDGDienstnehmergruppe) at a length of
-  // apprenticeship: the plain property for groups 1 to 8 (pIndex unused), the
-  // indexed one for 9 to 23 and 26 to 40. Groups 24 and 25 (marginal employment)
-  // and all others have no property here: std::out_of_range.
+  /// The value of an employee group (eBasisDGDienstnehmergruppe) at a length of
+  /// apprenticeship: the plain property for groups 1 to 8 (pIndex unused), the
+  /// indexed one for 9 to 23 and 26 to 40. Groups 24 and 25 (marginal employment)
+  /// and all others have no property here: std::out_of_range.
   double& Wert(int pDNGruppe, int pIndex);
   double Wert(int pDNGruppe, int pIndex) const;
 
@@ -72,11 +66,17 @@ class LBasis_DG_Wert {
   Lehrjahre* ApprenticeGroup(int pDNGruppe);
 };
 
+/// The employer contributions of a dated table, a matrix of kinds of
+/// contribution (the LBasis_DG_Wert objects: SV_Laufend, SV_Sonderzahlung, FALAST,
+/// FALASTLGV, Kommunalsteuer, DZBL per province, U_Bahn, Produktivitaetsfaktor) by
+/// employee group (the properties of LBasis_DG_Wert). Apprentice groups have one
+/// value per total length of the apprenticeship (index 1 to 4, eBasisLehrjahre);
+/// the 2016 apprentice groups carry only the two social-insurance rows.
 class LBasis_DG {
  public:
   using Wert = std::shared_ptr<LBasis_DG_Wert>;
 
-  // Creates the value objects: the seven single rows and DZBL 1 to 9.
+  /// Creates the value objects: the seven single rows and DZBL 1 to 9.
   LBasis_DG();
 
   const Wert& SV_Laufend() const { return sv_laufend_; }
@@ -84,7 +84,7 @@ class LBasis_DG {
   const Wert& FALAST() const { return falast_; }
   const Wert& FALASTLGV() const { return falastlgv_; }
 
-  // FALASTLGV's value of the group with pDBSenkung, FALAST's without.
+  /// FALASTLGV's value of the group with pDBSenkung, FALAST's without.
   double GetFALASTGeschäftsführer(bool pDBSenkung) const;
   double GetFALASTAngestellte(bool pDBSenkung) const;
   double GetFALASTArbeiter(bool pDBSenkung) const;
@@ -93,8 +93,8 @@ class LBasis_DG {
   double GetFALASTForstarbeiter(bool pDBSenkung) const;
   double GetFALASTRAWAnwaerter(bool pDBSenkung) const;
   double GetFALASTFreierMitarbeiter(bool pDBSenkung) const;
-  // The same for the apprentices at length pLehrjahr; a bad index is
-  // std::out_of_range whatever the flag.
+  /// The same for the apprentices at length pLehrjahr; a bad index is
+  /// std::out_of_range whatever the flag.
   double GetFALASTLehrlingArbeiter1(std::int16_t pLehrjahr, bool pDBSenkung) const;
   double GetFALASTLehrlingArbeiter2(std::int16_t pLehrjahr, bool pDBSenkung) const;
   double GetFALASTLehrlingArbeiter3(std::int16_t pLehrjahr, bool pDBSenkung) const;
@@ -112,13 +112,13 @@ class LBasis_DG {
   double GetFALASTLehrlingForstArbeiter5(std::int16_t pLehrjahr, bool pDBSenkung) const;
 
   const Wert& Kommunalsteuer() const { return kommunalsteuer_; }
-  // The surcharge of a province (eBasisBundesländer, 1 to 9). Index 0 holds no
-  // object; an index outside 0 to 9 is std::out_of_range.
+  /// The surcharge of a province (eBasisBundesländer, 1 to 9). Index 0 holds no
+  /// object; an index outside 0 to 9 is std::out_of_range.
   const Wert& DZBL(int pIndex) const { return dzbl_[pIndex]; }
   const Wert& U_Bahn() const { return u_bahn_; }
   const Wert& Produktivitaetsfaktor() const { return produktivitaetsfaktor_; }
 
-  // Replacing a value object; an unset one is refused (Error).
+  /// Replacing a value object; an unset one is refused (Error).
   void SetSV_Laufend(Wert p);
   void SetSV_Sonderzahlung(Wert p);
   void SetFALAST(Wert p);

@@ -1,7 +1,3 @@
-// LBasis_DG_GF: the employer rates for marginal employment of a dated table, for
-// its two groups (24 Angestellte, 25 Arbeiter), and the wage sum below which the
-// reduced rules apply. Its table row also carries the limit of marginal employment,
-// which the table hands out as SA.GrenzbetragGeringBeschaeftigte.
 #pragma once
 
 #include <memory>
@@ -14,11 +10,15 @@ class LBasis_DG_GF_Wert {
   double Arbeiter = 0;
 };
 
+/// The employer rates for marginal employment of a dated table, for
+/// its two groups (24 Angestellte, 25 Arbeiter), and the wage sum below which the
+/// reduced rules apply. Its table row also carries the limit of marginal employment,
+/// which the table hands out as SA.GrenzbetragGeringBeschaeftigte.
 class LBasis_DG_GF {
  public:
   using Wert = std::shared_ptr<LBasis_DG_GF_Wert>;
 
-  // Creates the eight value objects.
+  /// Creates the eight value objects.
   LBasis_DG_GF();
 
   const Wert& SV_Laufend() const { return sv_laufend_; }
@@ -26,7 +26,7 @@ class LBasis_DG_GF {
   const Wert& FALAST() const { return falast_; }
   const Wert& FALASTLGV() const { return falastlgv_; }
   const Wert& Kommunalsteuer() const { return kommunalsteuer_; }
-  // One surcharge for all provinces.
+  /// One surcharge for all provinces.
   const Wert& DZ() const { return dz_; }
   const Wert& U_Bahn() const { return u_bahn_; }
   const Wert& Produktivitaetsfaktor() const { return produktivitaetsfaktor_; }

@@ -1,9 +1,9 @@
-// LBasis_FB: the allowances and deductions of a dated table, one row of
-// Basiswerte_Zeittabelle_FB. Kinderzuschlag_AbKind3 is the column Kinderzuschlag_Kind3.
 #pragma once
 
 namespace ormelix {
 
+/// The allowances and deductions of a dated table, one row of
+/// Basiswerte_Zeittabelle_FB. Kinderzuschlag_AbKind3 is the column Kinderzuschlag_Kind3.
 class LBasis_FB {
  public:
   double Werbekosten = 0;

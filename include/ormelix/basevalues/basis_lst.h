@@ -1,7 +1,3 @@
-// LBasis_LST: the wage-tax bands of a dated table (a list of any length, without
-// keys) and four statutory amounts. The bands are stored anew on every save; the
-// order in memory is that of Add, and only a load sorts them by Von. A load
-// appends to the list, so a Refresh without a Clear before it doubles the bands.
 #pragma once
 
 #include <cstdint>
@@ -21,31 +17,37 @@ class LBasis_LST_Werte {
   double unbeschraenkt = 0;
   double beschraenkt = 0;
 
+  /// \cond INTERNAL
   // Library-internal: the ID of the row the band was loaded from. A save stores
   // every band under a new ID, so this is stale after any Update.
   const std::string& ID() const { return id_; }
   void SetID(std::string pID) { id_ = std::move(pID); }
+  /// \endcond
 
  private:
   std::string id_;
 };
 
+/// The wage-tax bands of a dated table (a list of any length, without
+/// keys) and four statutory amounts. The bands are stored anew on every save; the
+/// order in memory is that of Add, and only a load sorts them by Von. A load
+/// appends to the list, so a Refresh without a Clear before it doubles the bands.
 class LBasis_LST {
  public:
   using Wert = std::shared_ptr<LBasis_LST_Werte>;
 
   LBasis_LST() : werte_("the wage-tax bands") {}
 
-  // Appends the band (no key) and hands the same object back in the argument.
-  // An unset object is refused (Error).
+  /// Appends the band (no key) and hands the same object back in the argument.
+  /// An unset object is refused (Error).
   void Add(Wert& pLSTWert);
-  // Removes the band at that position, from 1; KeyNotFound for a bad position.
+  /// Removes the band at that position, from 1; KeyNotFound for a bad position.
   void Remove(std::int16_t pIndex) { werte_.Remove(Variant(pIndex)); }
   const Wert& Item(std::int16_t pIndex) const { return werte_.Item(Variant(pIndex)); }
   Collection<LBasis_LST_Werte>::const_iterator begin() const { return werte_.begin(); }
   Collection<LBasis_LST_Werte>::const_iterator end() const { return werte_.end(); }
   long Count() const { return werte_.Count(); }
-  // Empties the list in memory only; the result is always empty.
+  /// Empties the list in memory only; the result is always empty.
   Variant Clear() {
     werte_.Clear();
     return {};

@@ -1,10 +1,3 @@
-// LBasis_SA: the contribution rates of a dated table, one value object per
-// insurance group, and three flat values.
-//
-// GrenzbetragGeringBeschaeftigte has no row in the tables of the rates: its Prozent
-// and Obergrenze are loaded and saved with the marginal-employment row (LBasis_DG_GF);
-// its other two values are stored nowhere. LohnStufe is stored nowhere either and
-// is 0 in every loaded table.
 #pragma once
 
 #include <cstdint>
@@ -17,20 +10,27 @@ namespace ormelix {
 
 class LBasis_SA_Wert {
  public:
-  double Prozent = 0;  // the employee's share (column Prozent_DN)
+  double Prozent = 0;  ///< the employee's share (column Prozent_DN)
   double Prozent_DG = 0;
   double Obergrenze = 0;
   double Sonderzahlung = 0;
 
-  // Employee's and employer's share together.
+  /// Employee's and employer's share together.
   double ProzentGesamt() const { return Prozent + Prozent_DG; }
 };
 
+/// The contribution rates of a dated table, one value object per
+/// insurance group, and three flat values.
+///
+/// GrenzbetragGeringBeschaeftigte has no row in the tables of the rates: its Prozent
+/// and Obergrenze are loaded and saved with the marginal-employment row (LBasis_DG_GF);
+/// its other two values are stored nowhere. LohnStufe is stored nowhere either and
+/// is 0 in every loaded table.
 class LBasis_SA {
  public:
   using Wert = std::shared_ptr<LBasis_SA_Wert>;
 
-  // Creates the 17 value objects.
+  /// Creates the 17 value objects.
   LBasis_SA();
 
   std::int16_t LohnStufe = 0;
@@ -59,7 +59,7 @@ class LBasis_SA {
   const Wert& Nachtschwerarbeit() const { return Gruppe(eBasisSANachtschwerarbeit); }
   const Wert& GrenzbetragGeringBeschaeftigte() const { return gering_; }
 
-  // Replacing a value object; an unset one is refused (Error).
+  /// Replacing a value object; an unset one is refused (Error).
   void SetArbeitslosenversicherung(Wert p) { SetGruppe(eBasisSAArbeitslosenversicherung, std::move(p)); }
   void SetArbeitslosenversicherungLehrlinge2016(Wert p) {
     SetGruppe(eBasisSAArbeitslosenversicherungLehrlinge2016, std::move(p));
@@ -90,7 +90,7 @@ class LBasis_SA {
   double Auflösungsabgabe = 0;
   double BeitragssatzAÜG = 0;
 
-  // The value object of an insurance group by its number (1 to 16; std::out_of_range else).
+  /// The value object of an insurance group by its number (1 to 16; std::out_of_range else).
   const Wert& Gruppe(int pVGruppe) const { return gruppen_[pVGruppe]; }
   void SetGruppe(int pVGruppe, Wert pWert);
 

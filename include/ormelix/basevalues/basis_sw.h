@@ -1,9 +1,3 @@
-// LBasis_SW: the wage-group rates of a dated table. Two flat values and, for each
-// of eleven employee groups, a divisor, a percentage and a limit.
-//
-// LehrlingArbeiter is read from the row of group 3 (so an apprentice blue-collar
-// worker gets the values of Arbeiter) but written to the row of group 8, which is
-// never read: a value entered there lasts until the next load.
 #pragma once
 
 #include <cstdint>
@@ -21,11 +15,17 @@ class LBasis_SW_Wert {
   double grenze = 0;
 };
 
+/// The wage-group rates of a dated table. Two flat values and, for each
+/// of eleven employee groups, a divisor, a percentage and a limit.
+///
+/// LehrlingArbeiter is read from the row of group 3 (so an apprentice blue-collar
+/// worker gets the values of Arbeiter) but written to the row of group 8, which is
+/// never read: a value entered there lasts until the next load.
 class LBasis_SW {
  public:
   using Wert = std::shared_ptr<LBasis_SW_Wert>;
 
-  // Creates the eleven value objects.
+  /// Creates the eleven value objects.
   LBasis_SW();
 
   double Betriebsrat = 0;
@@ -43,7 +43,7 @@ class LBasis_SW {
   const Wert& Forstarbeiter() const { return Gruppe(eBasisSWForstarbeiter); }
   const Wert& LehrlingForstArbeiter() const { return Gruppe(eBasisSWLehrlingForstArbeiter); }
 
-  // Replacing a value object; an unset one is refused (Error).
+  /// Replacing a value object; an unset one is refused (Error).
   void SetGeschäftsführer(Wert p) { SetGruppe(eBasisSWGeschäftsführer, std::move(p)); }
   void SetAngestellte(Wert p) { SetGruppe(eBasisSWAngestellte, std::move(p)); }
   void SetArbeiter(Wert p) { SetGruppe(eBasisSWArbeiter, std::move(p)); }
@@ -56,7 +56,7 @@ class LBasis_SW {
   void SetForstarbeiter(Wert p) { SetGruppe(eBasisSWForstarbeiter, std::move(p)); }
   void SetLehrlingForstArbeiter(Wert p) { SetGruppe(eBasisSWLehrlingForstArbeiter, std::move(p)); }
 
-  // The value object of a group by its number (1 to 11; std::out_of_range else).
+  /// The value object of a group by its number (1 to 11; std::out_of_range else).
   const Wert& Gruppe(int pGruppe) const { return gruppen_[pGruppe]; }
   void SetGruppe(int pGruppe, Wert pWert);
 

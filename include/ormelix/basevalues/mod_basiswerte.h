@@ -1,7 +1,8 @@
-// modBasiswerte: the table routines of the base values. Every routine takes the
-// session first and reaches the payroll store through its AktDB (an Error when
-// none is set); a failure of the store unwinds to the caller, and as nothing runs
-// in a transaction, what was written before it stays.
+/// \file
+/// modBasiswerte: the table routines of the base values. Every routine takes the
+/// session first and reaches the payroll store through its AktDB (an Error when
+/// none is set); a failure of the store unwinds to the caller, and as nothing runs
+/// in a transaction, what was written before it stays.
 #pragma once
 
 #include <cstdint>
@@ -17,36 +18,36 @@ namespace ormelix::modBasiswerte {
 
 // ---- folders (Basiswerte)
 
-// Fills the folder from its row; no row leaves it as it stands.
+/// Fills the folder from its row; no row leaves it as it stands.
 void LoadBasisordner(clsManager& pManager, clsBasisordner& pBasisordner, const std::string& pID);
-// Inserts or updates the folder's row and sets the folder's ID.
+/// Inserts or updates the folder's row and sets the folder's ID.
 void SaveBasisordner(clsManager& pManager, clsBasisordner& pBasisordner);
-// Deletes the row of an ID (nothing for a text that is no ID); true when a row went.
+/// Deletes the row of an ID (nothing for a text that is no ID); true when a row went.
 bool DeleteBasisordner(clsManager& pManager, const std::string& pID);
-// A new folder with copies of every table of the source, or nullptr when the
-// source is not in the store. An empty name keeps the source's name.
+/// A new folder with copies of every table of the source, or nullptr when the
+/// source is not in the store. An empty name keeps the source's name.
 std::shared_ptr<clsBasisordner> CopyBasisordner(clsManager& pManager, const std::string& pSourceID,
                                                 const std::string& pBezeichnung);
-// Loads the folder's tables and puts it at its sorted place in the list; a folder
-// without a neighbour in the store is left out, on purpose.
+/// Loads the folder's tables and puts it at its sorted place in the list; a folder
+/// without a neighbour in the store is left out, on purpose.
 void InsertBasisordnerSorted(clsManager& pManager, Collection<clsBasisordner>& pCollection,
                              const std::shared_ptr<clsBasisordner>& pBasisordner);
 
 // ---- dated tables (Basiswerte_Zeittabelle)
 
-// Fills the table and its eight sub-objects; no row leaves it as it stands.
+/// Fills the table and its eight sub-objects; no row leaves it as it stands.
 void LoadZeittabelle(clsManager& pManager, LBasis& pBasis, const std::string& pID, const std::string& pBasisID);
-// Inserts or updates the row (a new row takes pBasisID), then all eight sub-objects.
+/// Inserts or updates the row (a new row takes pBasisID), then all eight sub-objects.
 void SaveZeittabelle(clsManager& pManager, LBasis& pBasis, const std::string& pBasisID);
-// A new saved table in folder pBasisID with every value of the source, or nullptr
-// when the source is not in the store. An empty name keeps the source's name.
+/// A new saved table in folder pBasisID with every value of the source, or nullptr
+/// when the source is not in the store. An empty name keeps the source's name.
 std::shared_ptr<LBasis> CopyZeittabelle(clsManager& pManager, const std::string& pSourceID,
                                         const std::string& pBasisID, std::int32_t pZeitraum,
                                         const std::string& pBezeichnung);
-// Deletes the row of an ID (the sub-tables go by cascade).
+/// Deletes the row of an ID (the sub-tables go by cascade).
 void DeleteZeittabelle(clsManager& pManager, const std::string& pID);
-// Puts the table at its place by period; one without a neighbour in the store is
-// left out, on purpose.
+/// Puts the table at its place by period; one without a neighbour in the store is
+/// left out, on purpose.
 void InsertZeittabelleSorted(clsManager& pManager, Collection<LBasis>& pCollection,
                              const std::shared_ptr<LBasis>& pBasis, const std::string& pBasisID);
 
@@ -56,7 +57,7 @@ void LoadBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeitt
 void SaveBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeittabellenID);
 void LoadBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZeittabellenID);
 void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZeittabellenID);
-// The bands of an LST row: appended on load, deleted and rewritten on save.
+/// The bands of an LST row: appended on load, deleted and rewritten on save.
 void LoadBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID);
 void SaveBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID);
 void LoadBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeittabellenID);
@@ -69,7 +70,7 @@ void LoadBasisALV(clsManager& pManager, LBasis_ALV& pALV, const std::string& pZe
 void SaveBasisALV(clsManager& pManager, LBasis_ALV& pALV, const std::string& pZeittabellenID);
 void LoadBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeittabellenID);
 void SaveBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeittabellenID);
-// The marginal-employment row also carries SA.GrenzbetragGeringBeschaeftigte.
+/// The marginal-employment row also carries SA.GrenzbetragGeringBeschaeftigte.
 void LoadBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID);
 void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID);
 

@@ -1,10 +1,3 @@
-// LLohn_Laufbahn: one step of an employee's career (entry, suspension, exit, or a
-// step made in memory around a change of contribution account), with the row of
-// Mitarbeiter_Laufbahn behind it and the figures the payroll program keeps on it.
-//
-// A plain holder of values. Its only logic: Zeitraum, WochengeldDatumEnde, and the
-// two Bef_EL_Kalendertage getters, which give ELKalendertage whatever their setters
-// were told (the payroll program relies on that; it is not to be straightened out).
 #pragma once
 
 #include <cstdint>
@@ -14,8 +7,8 @@
 
 namespace ormelix {
 
-// The kinds of career step, the values of the column Schritt. 91 and 92 exist only
-// in memory, around a change of contribution account.
+/// The kinds of career step, the values of the column Schritt. 91 and 92 exist only
+/// in memory, around a change of contribution account.
 enum eLaufbahnschritte : std::int16_t {
   eLBNone = 0,
   eLBEintritt = 1,
@@ -25,9 +18,16 @@ enum eLaufbahnschritte : std::int16_t {
   eLBBKZAustritt = 92
 };
 
+/// One step of an employee's career (entry, suspension, exit, or a
+/// step made in memory around a change of contribution account), with the row of
+/// Mitarbeiter_Laufbahn behind it and the figures the payroll program keeps on it.
+///
+/// A plain holder of values. Its only logic: Zeitraum, WochengeldDatumEnde, and the
+/// two Bef_EL_Kalendertage getters, which give ELKalendertage whatever their setters
+/// were told (the payroll program relies on that; it is not to be straightened out).
 class LLohn_Laufbahn {
  public:
-  // Position in the loaded career, from 1 in date order; 0 for a step made in memory.
+  /// Position in the loaded career, from 1 in date order; 0 for a step made in memory.
   std::int16_t Index = 0;
   std::string ID;
   eLaufbahnschritte Schritt = eLBNone;
@@ -36,8 +36,8 @@ class LLohn_Laufbahn {
   Date BefristetBis = 0;
   bool FallweiseBeschäftigt = false;
   double Bruttogehalt = 0;
-  // The exit reason from the catalogue: Code + 1 (0 for none), the Code (Null for
-  // none; Empty on a step that was never loaded), its short form and text.
+  /// The exit reason from the catalogue: Code + 1 (0 for none), the Code (Null for
+  /// none; Empty on a step that was never loaded), its short form and text.
   std::int16_t GrundIndex = 0;
   Variant GrundNr;
   std::string GrundKürzel;
@@ -49,9 +49,9 @@ class LLohn_Laufbahn {
   double WochengeldBemessungsgrundlage = 0;
   bool FreiwilligeVerlängerungKarenz = false;
 
-  // The last day on which the time before this step ran: for an exit its own day,
-  // for other steps the day before. A blank step (no Datum) gives 31 December of
-  // the year after the date its setter was given (1900 when it never was).
+  /// The last day on which the time before this step ran: for an exit its own day,
+  /// for other steps the day before. A blank step (no Datum) gives 31 December of
+  /// the year after the date its setter was given (1900 when it never was).
   Date WochengeldDatumEnde() const;
   void SetWochengeldDatumEnde(Date value) { wochengeld_datum_ende_ = value; }
 
@@ -68,7 +68,7 @@ class LLohn_Laufbahn {
   double Bef_BV_Laufend_Basis2 = 0;
   double Bef_Bruttoentgelt = 0;
   double Bef_Bruttoentgelt2 = 0;
-  // A load fills Bef_Tage from the column Bef_Tage2 and leaves Bef_Tage2 at 0.
+  /// A load fills Bef_Tage from the column Bef_Tage2 and leaves Bef_Tage2 at 0.
   std::int16_t Bef_Tage = 0;
   std::int16_t Bef_Tage2 = 0;
   double Bef_AllgemeineBasis = 0;
@@ -80,8 +80,8 @@ class LLohn_Laufbahn {
   std::int16_t ELKalendertage = 0;
   double Bef_SV_Sonder_Basis2 = 0;
 
-  // Both getters give ELKalendertage; the setters fill fields of their own that
-  // nothing reads.
+  /// Both getters give ELKalendertage; the setters fill fields of their own that
+  /// nothing reads.
   std::int16_t Bef_EL_Kalendertage() const { return ELKalendertage; }
   void SetBef_EL_Kalendertage(std::int16_t value) { bef_el_kalendertage_ = value; }
   std::int16_t Bef_EL_Kalendertage2() const { return ELKalendertage; }
@@ -101,7 +101,7 @@ class LLohn_Laufbahn {
   bool AushilfskraftKU = false;
   bool AushilfskraftLK = false;
 
-  // The step's period, yyyymm of Datum; 189912 for a blank step.
+  /// The step's period, yyyymm of Datum; 189912 for a blank step.
   std::int32_t Zeitraum() const;
 
  private:

@@ -1,4 +1,3 @@
-// clsLand: a country of the reference store, with its dated indicators.
 #pragma once
 
 #include <cstdint>
@@ -9,16 +8,17 @@
 
 namespace ormelix {
 
+/// A country of the reference store, with its dated indicators.
 class clsLand {
  public:
   std::int32_t ID = 0;
-  // The country code (column HVB): the order of the list and its key.
+  /// The country code (column HVB): the order of the list and its key.
   std::int32_t Code = 0;
   std::string Kurzbezeichnung;
   std::string Bezeichnung;
   std::string ISO_A3;
   std::string ISO_A2;
-  // The vehicle registration code, by which GetIndikator asks for a country.
+  /// The vehicle registration code, by which GetIndikator asks for a country.
   std::string KFZ;
   bool EULand = false;
 

@@ -1,11 +1,11 @@
-// clsLand_Indikator: one dated value pair of a country, in force from its period on.
-// What Indikator and Faktor mean is the host's to say; the library hands them out.
 #pragma once
 
 #include <cstdint>
 
 namespace ormelix {
 
+/// One dated value pair of a country, in force from its period on.
+/// What Indikator and Faktor mean is the host's to say; the library hands them out.
 class clsLand_Indikator {
  public:
   std::int32_t ID = 0;

@@ -1,14 +1,3 @@
-// LLohn: one employee with everything the payroll needs of that employee for one
-// calendar year: master data, bank details, career, children, the twelve monthly pay
-// records, wage-type lines, transfers, year data and document protection.
-//
-// A large bag of plain values. Month-indexed properties are checked arrays: an
-// index outside their range is std::out_of_range naming the property and the index.
-// Element 0 of a 0..12 array exists but is never loaded or saved. The monthly
-// children exist for the months 1 to 12; index 0 gives a null pointer.
-//
-// The object keeps no reference to the session: LoadMitarbeiter, Update and Refresh
-// take the manager and hand it on to the table routines (modDatabase).
 #pragma once
 
 #include <array>
@@ -32,8 +21,8 @@ namespace ormelix {
 
 class clsManager;
 
-// Which tables Update and Refresh write or read: a bit set, where only 0 means all.
-// Kinder, Laufbahn and Sendedaten have no effect there.
+/// Which tables Update and Refresh write or read: a bit set, where only 0 means all.
+/// Kinder, Laufbahn and Sendedaten have no effect there.
 enum eUpdateConstants {
   ucAllTables = 0,
   ucTableMitarbeiter = 1,
@@ -48,16 +37,16 @@ enum eUpdateConstants {
   ucTablePDFEncrypt = 512
 };
 
-// Twelve children of one kind, one per month. Each is made at its first use (a
-// getter, or a load that finds a row for it) rather than with its owner, in its
-// initial state all the same: most employees have no short-time work and no
-// replacement benefit in most months, and a year of empty records would cost
-// kilobytes per employee. Once made, the getter hands out the same object.
+/// Twelve children of one kind, one per month. Each is made at its first use (a
+/// getter, or a load that finds a row for it) rather than with its owner, in its
+/// initial state all the same: most employees have no short-time work and no
+/// replacement benefit in most months, and a year of empty records would cost
+/// kilobytes per employee. Once made, the getter hands out the same object.
 template <class T>
 class MonthlyChildren {
  public:
   explicit MonthlyChildren(const char* name) : name_(name) {}
-  // Null for month 0; std::out_of_range outside 0..12.
+  /// Null for month 0; std::out_of_range outside 0..12.
   std::shared_ptr<T> operator()(int month) const {
     if (month < 0 || month > 12) detail::IndexOutOfRange(name_, month, 0, 12);
     if (month == 0) return nullptr;
@@ -66,75 +55,88 @@ class MonthlyChildren {
     if (!item) item = std::make_shared<T>();
     return item;
   }
-  // Whether the child of a month (1..12) has been made.
+  /// Whether the child of a month (1..12) has been made.
   bool Made(int month) const {
     return items_ && month >= 1 && month <= 12 && (*items_)[static_cast<std::size_t>(month - 1)] != nullptr;
   }
 
  private:
   using Items = std::array<std::shared_ptr<T>, 12>;
-  mutable std::unique_ptr<Items> items_;  // made with the first child
+  mutable std::unique_ptr<Items> items_;  ///< made with the first child
   const char* name_;
 };
 
+/// One employee with everything the payroll needs of that employee for one
+/// calendar year: master data, bank details, career, children, the twelve monthly pay
+/// records, wage-type lines, transfers, year data and document protection.
+///
+/// A large bag of plain values. Month-indexed properties are checked arrays: an
+/// index outside their range is std::out_of_range naming the property and the index.
+/// Element 0 of a 0..12 array exists but is never loaded or saved. The monthly
+/// children exist for the months 1 to 12; index 0 gives a null pointer.
+///
+/// The object keeps no reference to the session: LoadMitarbeiter, Update and Refresh
+/// take the manager and hand it on to the table routines (modDatabase).
 class LLohn {
  public:
-  // Every property starts at 0, "" or False by its own initialiser. (The
-  // constructor is defined out of line so that make_shared does not zero the
-  // whole object before the members initialise themselves.)
+  /// Every property starts at 0, "" or False by its own initialiser. (The
+  /// constructor is defined out of line so that make_shared does not zero the
+  /// whole object before the members initialise themselves.)
   LLohn();
   LLohn(const LLohn&) = delete;
   LLohn& operator=(const LLohn&) = delete;
 
-  // Identity, set by LoadMitarbeiter: the key in Mitarbeiter ("" for a blank
-  // employee) and the position in the employee list, from 1.
+  /// Identity, set by LoadMitarbeiter: the key in Mitarbeiter ("" for a blank
+  /// employee) and the position in the employee list, from 1.
   const std::string& ID() const { return id_; }
   std::int16_t Index() const { return index_; }
 
-  // Children, created with the object; each getter hands out the same object.
+  /// Children, created with the object; each getter hands out the same object.
   const std::shared_ptr<LLohn_Laufbahnen>& Laufbahn() const { return laufbahn_; }
   const std::shared_ptr<LLohn_Arbeiter>& Mitarbeiter() const { return mitarbeiter_; }
   const std::shared_ptr<LLohn_Jahresdaten>& Jahresdaten() const { return jahresdaten_; }
   const std::shared_ptr<LLohn_Kinder>& Kinder() const { return kinder_; }
   const std::shared_ptr<LLohn_PDFEncrypt>& PDFEncrypt() const { return pdf_encrypt_; }
 
-  // Monthly children, months 1 to 12 (null for 0, std::out_of_range outside 0..12).
+  /// Monthly children, months 1 to 12 (null for 0, std::out_of_range outside 0..12).
   std::shared_ptr<LLohn_Eingabe> Sechstel(int pIndex) const { return sechstel_(pIndex); }
   std::shared_ptr<LLohn_Fallweise> FB_Fallweise(int pIndex) const { return fb_fallweise_(pIndex); }
   std::shared_ptr<LLohn_Übertritt> Uebertritt(int pIndex) const { return uebertritt_(pIndex); }
   std::shared_ptr<LLohn_PendlerAR> PendlerAR(int pIndex) const { return pendler_ar_(pIndex); }
   std::shared_ptr<LLohn_Ersatzleistungen> SV_EL_Laufend(int pIndex) const { return sv_el_laufend_(pIndex); }
   std::shared_ptr<LLohn_Kurzarbeit> Kurzarbeit(int pIndex) const { return kurzarbeit_(pIndex); }
+  /// \cond INTERNAL
   // Library-internal: whether SV_EL_Laufend(pIndex) has been made (by its getter or
   // a load), so that a load without rows for the month leaves it unmade.
   bool HasSV_EL_Laufend(int pIndex) const { return sv_el_laufend_.Made(pIndex); }
+  /// \endcond
 
-  // Loads the employee pMitarbeiterID for the manager's AktJahr: identity, career,
-  // children, then the tables in the order master record, bank details, wage-type
-  // lines, pay record, transfers, year data, document password.
+  /// Loads the employee pMitarbeiterID for the manager's AktJahr: identity, career,
+  /// children, then the tables in the order master record, bank details, wage-type
+  /// lines, pay record, transfers, year data, document password.
   void LoadMitarbeiter(clsManager& Manager, const std::string& pMitarbeiterID, std::int16_t pIndex);
-  // Writes the tables that pUpdate flags (0: all) in the fixed order of the load.
-  // pMonat reaches the pay record only (0: AktMonat); the wage-type lines always
-  // take AktMonat. Career and children are not written here.
+  /// Writes the tables that pUpdate flags (0: all) in the fixed order of the load.
+  /// pMonat reaches the pay record only (0: AktMonat); the wage-type lines always
+  /// take AktMonat. Career and children are not written here.
   void Update(clsManager& Manager, int pUpdate = ucAllTables, std::int16_t pMonat = 0);
-  // Reads the flagged tables (0: all) again; career and children stay as they are.
+  /// Reads the flagged tables (0: all) again; career and children stay as they are.
   void Refresh(clsManager& Manager, int pUpdate = ucAllTables);
 
-  // The contribution account in force for the period: the newest entry of
-  // Mitarbeiter_Beitragskonto not after it, "" when there is none.
+  /// The contribution account in force for the period: the newest entry of
+  /// Mitarbeiter_Beitragskonto not after it, "" when there is none.
   std::string BeitragskontoID(clsManager& Manager, std::int32_t pZeitraum) const;
 
-  // The marked part of a month's amount of wage-type lines, when the month's lines
-  // of the group add up to the base amount (both rounded to 2 decimals); else 0.
+  /// The marked part of a month's amount of wage-type lines, when the month's lines
+  /// of the group add up to the base amount (both rounded to 2 decimals); else 0.
   double GetDBDZKST_frei(std::int16_t pMonat) const;
   double GetTeuerungsprämie(std::int16_t pMonat) const;
   double GetTeuerungsprämieKV(std::int16_t pMonat) const;
   double GetMitarbeitergewinnbeteiligung(std::int16_t pMonat) const;
 
-  // A date as a day count.
+  /// A date as a day count.
   double Geb_Datum = 0;
 
-  // Options and output selections of the employee (16-bit; a flag holds True as -1).
+  /// Options and output selections of the employee (16-bit; a flag holds True as -1).
   std::int16_t op_Frei_Forstarbeiter = 0;
   std::int16_t op_ForstarbeiterLand = 0;
   std::int16_t pAbgaben = 0;
@@ -163,13 +165,13 @@ class LLohn {
   std::int16_t op_ForstarbeiterKULK = 0;
   std::int16_t KinderWegfallFB = 0;
 
-  // Bank details and the base-value folder.
+  /// Bank details and the base-value folder.
   std::string BankName;
   std::string BasisID;
   std::string IBAN;
   std::string BIC;
 
-  // Flags of the employee. E18_TestMeldung lives in memory only: no table holds it.
+  /// Flags of the employee. E18_TestMeldung lives in memory only: no table holds it.
   bool E18_TestMeldung = false;
   bool PartnerWegfallÄnderung = false;
   bool PartnerAlleinlaufendeJahr = false;
@@ -180,7 +182,7 @@ class LLohn {
   bool Neuanlage = false;
   bool Anonymize = false;
 
-  // Month arrays 0 to 12, double precision (dates as day counts).
+  /// Month arrays 0 to 12, double precision (dates as day counts).
   MonthArray<double> Von_Datum{"Von_Datum"};
   MonthArray<double> Bis_Datum{"Bis_Datum"};
   MonthArray<double> MinderLaufendBasisGesamt{"MinderLaufendBasisGesamt"};
@@ -216,8 +218,8 @@ class LLohn {
   MonthArray<double> Jobticket{"Jobticket"};
   MonthArray<double> Jobticket_PendlerAbzug{"Jobticket_PendlerAbzug"};
 
-  // Month arrays 0 to 12, single precision: the amounts of a month, rounded to 2
-  // decimals on save only.
+  /// Month arrays 0 to 12, single precision: the amounts of a month, rounded to 2
+  /// decimals on save only.
   MonthArray<float> LST_AufRollen{"LST_AufRollen"};
   MonthArray<float> LST_AufRollenWert{"LST_AufRollenWert"};
   MonthArray<float> StundenLohn{"StundenLohn"};
@@ -282,7 +284,7 @@ class LLohn {
   MonthArray<float> SZUB_Bauarbeiter{"SZUB_Bauarbeiter"};
   MonthArray<float> SachbezugAnteil{"SachbezugAnteil"};
 
-  // Month arrays 0 to 12, boolean.
+  /// Month arrays 0 to 12, boolean.
   MonthArray<bool> LST_AufRollenWertEingabe{"LST_AufRollenWertEingabe"};
   MonthArray<bool> op_AngestellterSonderfallNurWF{"op_AngestellterSonderfallNurWF"};
   MonthArray<bool> op_FamilienbonusPlus{"op_FamilienbonusPlus"};
@@ -293,7 +295,7 @@ class LLohn {
   MonthArray<bool> op_Altersteilzeit{"op_Altersteilzeit"};
   MonthArray<bool> Jobticket_Check{"Jobticket_Check"};
 
-  // Month arrays 0 to 12, 16-bit (options and _Eingabe flags hold True as -1).
+  /// Month arrays 0 to 12, 16-bit (options and _Eingabe flags hold True as -1).
   MonthArray<std::int16_t> UeBasis_Eingabe{"UeBasis_Eingabe"};
   MonthArray<std::int16_t> Ueberst__xx_Prozent{"Ueberst__xx_Prozent"};
   MonthArray<std::int16_t> UE_Laufend_Tage{"UE_Laufend_Tage"};
@@ -356,10 +358,10 @@ class LLohn {
   MonthArray<std::int16_t> UeZBasis100_Eingabe{"UeZBasis100_Eingabe"};
   MonthArray<std::int16_t> HomeofficeTage{"HomeofficeTage"};
 
-  // Month array 0 to 12, 32-bit.
+  /// Month array 0 to 12, 32-bit.
   MonthArray<std::int32_t> Zahltag{"Zahltag"};
 
-  // Month arrays 0 to 12, text.
+  /// Month arrays 0 to 12, text.
   MonthArray<std::string> Text1{"Text1"};
   MonthArray<std::string> Text2{"Text2"};
   MonthArray<std::string> Text3{"Text3"};
@@ -371,12 +373,12 @@ class LLohn {
   MonthArray<std::string> Beitragsgruppe{"Beitragsgruppe"};
   MonthArray<std::string> Jobticket_Text{"Jobticket_Text"};
 
-  // Month arrays 1 to 12: there is no element 0.
+  /// Month arrays 1 to 12: there is no element 0.
   Month1Array<std::string> Sonstige_Abzuege_Text{"Sonstige_Abzuege_Text"};
   Month1Array<std::int16_t> op_PendlerDrittel{"op_PendlerDrittel"};
 
-  // Wage-type lines of the groups 7 and 8 (line 1 to 5, month 0 to 12), and the
-  // markings of a line (group-specific: one flag per line and month).
+  /// Wage-type lines of the groups 7 and 8 (line 1 to 5, month 0 to 12), and the
+  /// markings of a line (group-specific: one flag per line and month).
   MonthGrid<std::string, 1, 5> SonstigeAbz_text{"SonstigeAbz_text"};
   MonthGrid<std::string, 1, 5> Aufwandsentsch_text{"Aufwandsentsch_text"};
   MonthGrid<float, 1, 5> SonstigeAbz_Anzahl{"SonstigeAbz_Anzahl"};
@@ -390,7 +392,7 @@ class LLohn {
   MonthGrid<bool, 1, 5> ZSL_TeuerungsprämieKV{"ZSL_TeuerungsprämieKV"};
   MonthGrid<bool, 1, 5> ZSL_Mitarbeitergewinnbeteiligung{"ZSL_Mitarbeitergewinnbeteiligung"};
 
-  // Wage-type lines of the groups 1 to 6 (group 1 to 6, line 1 to 5, month 0 to 12).
+  /// Wage-type lines of the groups 1 to 6 (group 1 to 6, line 1 to 5, month 0 to 12).
   MonthGrid3<std::string, 1, 6, 1, 5> ZSL_Text{"ZSL_Text"};
   MonthGrid3<float, 1, 6, 1, 5> ZSL_Anzahl{"ZSL_Anzahl"};
   MonthGrid3<float, 1, 6, 1, 5> ZSL_Satz{"ZSL_Satz"};

@@ -1,18 +1,3 @@
-// LLohn1: the working record of a pay calculation. The host creates one, stores in
-// it what it works out for an employee, and keeps it as long as it needs it; what
-// it wants to keep it copies into the month properties of LLohn. Nothing of these
-// classes is stored: no table, load or save touches them, and no other class of
-// the library holds or returns one. Every property only keeps its value.
-//
-// Month-indexed properties take 0 to 12 (entry 0 has no meaning of its own); the
-// N70 figures have a first index of 0 to 2, AIV_ERS and AIV_ERSBasis 0 to 5. An
-// index outside its range is std::out_of_range naming the property and the index.
-//
-// Each child made by LLohn1 (a Sechstel and an Uebertritt per index, and the two
-// Datum objects of each Uebertritt) knows its LLohn1 through a non-owning pointer:
-// the record owns its children, never the other way round, so dropping the last
-// reference to a record frees it with all its children. A child that the caller
-// keeps beyond its record reports no owner any more.
 #pragma once
 
 #include <array>
@@ -24,9 +9,24 @@
 
 namespace ormelix {
 
+/// The working record of a pay calculation. The host creates one, stores in
+/// it what it works out for an employee, and keeps it as long as it needs it; what
+/// it wants to keep it copies into the month properties of LLohn. Nothing of these
+/// classes is stored: no table, load or save touches them, and no other class of
+/// the library holds or returns one. Every property only keeps its value.
+///
+/// Month-indexed properties take 0 to 12 (entry 0 has no meaning of its own); the
+/// N70 figures have a first index of 0 to 2, AIV_ERS and AIV_ERSBasis 0 to 5. An
+/// index outside its range is std::out_of_range naming the property and the index.
+///
+/// Each child made by LLohn1 (a Sechstel and an Uebertritt per index, and the two
+/// Datum objects of each Uebertritt) knows its LLohn1 through a non-owning pointer:
+/// the record owns its children, never the other way round, so dropping the last
+/// reference to a record frees it with all its children. A child that the caller
+/// keeps beyond its record reports no owner any more.
 class LLohn1;
 
-// The one-sixth figures of one month, in single precision.
+/// The one-sixth figures of one month, in single precision.
 class LLohn1_Werte {
  public:
   float JahresSumme = 0;
@@ -39,7 +39,7 @@ class LLohn1_Werte {
   float ueberhang_EP = 0;
   float ueberhang_JG = 0;
 
-  // The record that made this object; null for one the caller made.
+  /// The record that made this object; null for one the caller made.
   const LLohn1* Owner() const { return owner_; }
 
  private:
@@ -47,7 +47,7 @@ class LLohn1_Werte {
   const LLohn1* owner_ = nullptr;
 };
 
-// One stretch of days (day counts) of a month with a transfer.
+/// One stretch of days (day counts) of a month with a transfer.
 class LLohn1_UebertrittDatum {
  public:
   double Begin = 0;
@@ -60,16 +60,16 @@ class LLohn1_UebertrittDatum {
   const LLohn1* owner_ = nullptr;
 };
 
-// A change of contribution group within one month, as the calculation sees it.
+/// A change of contribution group within one month, as the calculation sees it.
 class LLohn1_Uebertritt {
  public:
-  // Creates Datum1 and Datum2.
+  /// Creates Datum1 and Datum2.
   LLohn1_Uebertritt();
   LLohn1_Uebertritt(const LLohn1_Uebertritt&) = delete;
   LLohn1_Uebertritt& operator=(const LLohn1_Uebertritt&) = delete;
 
   bool IsUebertritt = false;
-  // Get and replace; a replacement is the caller's own and gets no owner.
+  /// Get and replace; a replacement is the caller's own and gets no owner.
   const std::shared_ptr<LLohn1_UebertrittDatum>& Datum1() const { return datum1_; }
   void SetDatum1(std::shared_ptr<LLohn1_UebertrittDatum> p) { datum1_ = std::move(p); }
   const std::shared_ptr<LLohn1_UebertrittDatum>& Datum2() const { return datum2_; }
@@ -83,8 +83,8 @@ class LLohn1_Uebertritt {
 
  private:
   friend class LLohn1;
-  // Takes the owner (or lets go of it, for null) and hands it on to the Datum
-  // objects that this one made.
+  /// Takes the owner (or lets go of it, for null) and hands it on to the Datum
+  /// objects that this one made.
   void SetOwner(const LLohn1* owner);
 
   std::shared_ptr<LLohn1_UebertrittDatum> datum1_;
@@ -92,12 +92,27 @@ class LLohn1_Uebertritt {
   const LLohn1* owner_ = nullptr;
 };
 
+/// The working record of a pay calculation. The host creates one, stores in
+/// it what it works out for an employee, and keeps it as long as it needs it; what
+/// it wants to keep it copies into the month properties of LLohn. Nothing of these
+/// classes is stored: no table, load or save touches them, and no other class of
+/// the library holds or returns one. Every property only keeps its value.
+///
+/// Month-indexed properties take 0 to 12 (entry 0 has no meaning of its own); the
+/// N70 figures have a first index of 0 to 2, AIV_ERS and AIV_ERSBasis 0 to 5. An
+/// index outside its range is std::out_of_range naming the property and the index.
+///
+/// Each child made by LLohn1 (a Sechstel and an Uebertritt per index, and the two
+/// Datum objects of each Uebertritt) knows its LLohn1 through a non-owning pointer:
+/// the record owns its children, never the other way round, so dropping the last
+/// reference to a record frees it with all its children. A child that the caller
+/// keeps beyond its record reports no owner any more.
 class LLohn1 {
  public:
-  // Creates a Sechstel and an Uebertritt for each index 0 to 12.
+  /// Creates a Sechstel and an Uebertritt for each index 0 to 12.
   LLohn1();
-  // Lets go of the owner reference of each child that is still its own, so that a
-  // child kept by the caller does not point to a record that is gone.
+  /// Lets go of the owner reference of each child that is still its own, so that a
+  /// child kept by the caller does not point to a record that is gone.
   ~LLohn1();
   LLohn1(const LLohn1&) = delete;
   LLohn1& operator=(const LLohn1&) = delete;
@@ -169,8 +184,8 @@ class LLohn1 {
   MonthArray<double> Abzuege_gesamt{"Abzuege_gesamt"};
   MonthArray<double> Netto{"Netto"};
 
-  // The one-sixth figures of a month: get and replace. A replacement is the
-  // caller's own object and gets no owner from the setter; null is allowed.
+  /// The one-sixth figures of a month: get and replace. A replacement is the
+  /// caller's own object and gets no owner from the setter; null is allowed.
   const std::shared_ptr<LLohn1_Werte>& Sechstel(int pIndex) const { return sechstel_(pIndex); }
   void SetSechstel(int pIndex, std::shared_ptr<LLohn1_Werte> p) { sechstel_(pIndex) = std::move(p); }
   std::int16_t SechstelSolidarStaffelIndex = 0;
@@ -184,7 +199,7 @@ class LLohn1 {
   MonthArray<double> SV_Laufend_DG_UA_UE{"SV_Laufend_DG_UA_UE"};
   MonthArray<double> SV_Sonder_DG_UA_UE{"SV_Sonder_DG_UA_UE"};
 
-  // (pIndex1 0 to 2, pIndex2 0 to 12)
+  /// (pIndex1 0 to 2, pIndex2 0 to 12)
   MonthGrid<double, 0, 2> SV_N70_Laufend{"SV_N70_Laufend"};
   MonthGrid<double, 0, 2> SV_N70_Sonder{"SV_N70_Sonder"};
   MonthGrid<double, 0, 2> SV_N70_Laufend_DG{"SV_N70_Laufend_DG"};
@@ -221,7 +236,7 @@ class LLohn1 {
   double Pendler_gross = 0;
   MonthArray<float> PendlerEuro{"PendlerEuro"};
 
-  // The transfer of a month: get and replace, as Sechstel.
+  /// The transfer of a month: get and replace, as Sechstel.
   const std::shared_ptr<LLohn1_Uebertritt>& Uebertritt(int pIndex) const { return uebertritt_(pIndex); }
   void SetUebertritt(int pIndex, std::shared_ptr<LLohn1_Uebertritt> p) { uebertritt_(pIndex) = std::move(p); }
 

@@ -1,5 +1,3 @@
-// LLohn_Arbeiter: the personal data of an employee, from the table Mitarbeiter, and
-// the two value holders of its unemployment-insurance data.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +9,8 @@
 
 namespace ormelix {
 
+/// The personal data of an employee, from the table Mitarbeiter, and
+/// the two value holders of its unemployment-insurance data.
 class LLohn_Arbeiter {
  public:
   std::string FName;
@@ -47,15 +47,15 @@ class LLohn_Arbeiter {
   std::int16_t BauarbeiterNoZuschlag = 0;
   std::int32_t Gemeinde = 0;
   float Stunden = 0;
-  double ArbeitsbewilligungBis = 0;  // a date as a day count
+  double ArbeitsbewilligungBis = 0;  ///< a date as a day count
   Date Pensionsstichtag = 0;
   Date PensionbezugAb = 0;
   bool IgnorierenNeuregelung2013Pensionsstichtag = false;
-  // Open leave days of each month: a column of the monthly pay record.
+  /// Open leave days of each month: a column of the monthly pay record.
   MonthArray<double> OffeneUT{"OffeneUT"};
 };
 
-// One group of unemployment-insurance data: a value holder for the caller.
+/// One group of unemployment-insurance data: a value holder for the caller.
 class LLohn_Arbeiter_ALVBGruppeE {
  public:
   std::int16_t BeitragsbefreiungMonat = 0;
@@ -64,7 +64,7 @@ class LLohn_Arbeiter_ALVBGruppeE {
   float ALVBemessung = 0;
 };
 
-// The six groups, created with the object and handed out as the same objects.
+/// The six groups, created with the object and handed out as the same objects.
 class LLohn_Arbeiter_ALVBGruppe {
  public:
   using Gruppe = std::shared_ptr<LLohn_Arbeiter_ALVBGruppeE>;

@@ -1,7 +1,8 @@
-// The wage-type groups of an employee's free pay lines (table Mitarbeiter_Lohnarten,
-// column Lohnarttyp): up to five lines a month in each of eight groups. Groups 1 to
-// 6 are held in LLohn's ZSL_ grids (group as the first index), group 7 in the
-// SonstigeAbz_ grids, group 8 in the Aufwandsentsch_ grids.
+/// \file
+/// The wage-type groups of an employee's free pay lines (table Mitarbeiter_Lohnarten,
+/// column Lohnarttyp): up to five lines a month in each of eight groups. Groups 1 to
+/// 6 are held in LLohn's ZSL_ grids (group as the first index), group 7 in the
+/// SonstigeAbz_ grids, group 8 in the Aufwandsentsch_ grids.
 #pragma once
 
 namespace ormelix {

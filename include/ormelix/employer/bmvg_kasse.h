@@ -1,7 +1,3 @@
-// clsBMVG_Kasse: a company provision fund of the catalogue BMVG_Kassen in the
-// reference store, a read-only view of one row. clsMandant_BMVG_Kasse owns one; a
-// caller can make its own, hand it both stores and pass it to
-// clsMandant_BMVG_Kasse::Update.
 #pragma once
 
 #include <string>
@@ -10,10 +6,14 @@
 
 namespace ormelix {
 
+/// A company provision fund of the catalogue BMVG_Kassen in the
+/// reference store, a read-only view of one row. clsMandant_BMVG_Kasse owns one; a
+/// caller can make its own, hand it both stores and pass it to
+/// clsMandant_BMVG_Kasse::Update.
 class clsBMVG_Kasse {
  public:
   const std::string& ID() const { return id_; }
-  // The number that identifies the fund (a text column).
+  /// The number that identifies the fund (a text column).
   const std::string& Leitzahl() const { return leitzahl_; }
   const std::string& Name() const { return name_; }
   const std::string& Sachbearbeiter() const { return sachbearbeiter_; }
@@ -28,13 +28,13 @@ class clsBMVG_Kasse {
   void InitLohnDB(const StoreConnectionPtr& pDatabase) { lohn_db_ = pDatabase; }
   void InitImportDB(const StoreConnectionPtr& pDatabase) { import_db_ = pDatabase; }
 
-  // Reads the fund whose Leitzahl is pID. pID goes through ToLong on its way into
-  // the statement, so leading zeros are lost ("07100" looks for "7100"), and a
-  // text that is no number is a ConversionError. No such fund clears the object
-  // and gives False.
-  //
-  // The one check is on the pay store: without it the result is False. With a pay
-  // store and without a reference store the read itself fails (an Error).
+  /// Reads the fund whose Leitzahl is pID. pID goes through ToLong on its way into
+  /// the statement, so leading zeros are lost ("07100" looks for "7100"), and a
+  /// text that is no number is a ConversionError. No such fund clears the object
+  /// and gives False.
+  ///
+  /// The one check is on the pay store: without it the result is False. With a pay
+  /// store and without a reference store the read itself fails (an Error).
   bool Load(const std::string& pID);
 
  private:

@@ -1,11 +1,3 @@
-// clsMandant: one employer, a row of Mandanten, with the side records that hang
-// from it. The session keeps one as AktMandant and reuses it for every employer it
-// selects, so that references a caller holds see the new data.
-//
-// Two columns are crossed on purpose and stay so: Update writes the property
-// Homepage to the column EMail and EMail to Homepage, while a load reads each column
-// into the property of its own name; and the start of the second relief is read
-// from NeufögV_Von but written to NeufögV_Neu.
 #pragma once
 
 #include <cstdint>
@@ -24,11 +16,19 @@
 
 namespace ormelix {
 
+/// One employer, a row of Mandanten, with the side records that hang
+/// from it. The session keeps one as AktMandant and reuses it for every employer it
+/// selects, so that references a caller holds see the new data.
+///
+/// Two columns are crossed on purpose and stay so: Update writes the property
+/// Homepage to the column EMail and EMail to Homepage, while a load reads each column
+/// into the property of its own name; and the start of the second relief is read
+/// from NeufögV_Von but written to NeufögV_Neu.
 class clsMandant {
  public:
   clsMandant() = default;
 
-  // The key, filled by the store; a caller gets it from a load or an Update.
+  /// The key, filled by the store; a caller gets it from a load or an Update.
   const std::string& ID() const { return id_; }
 
   std::string Name;
@@ -50,9 +50,9 @@ class clsMandant {
   std::string Betriebsart;
   bool BuchungslisteELGesamt = false;
 
-  // The side records, created with the employer. Each getter hands out the object
-  // itself, so that edits are seen by the employer; the first five can be
-  // replaced, the accounts and the document protection cannot.
+  /// The side records, created with the employer. Each getter hands out the object
+  /// itself, so that edits are seen by the employer; the first five can be
+  /// replaced, the accounts and the document protection cannot.
   const std::shared_ptr<clsMandant_Bankverbindung>& Bankverbindung() const { return bankverbindung_; }
   void SetBankverbindung(std::shared_ptr<clsMandant_Bankverbindung> p) { bankverbindung_ = std::move(p); }
   const std::shared_ptr<clsMandant_BMVG_Kasse>& BMVG_Kasse() const { return bmvg_kasse_; }
@@ -66,25 +66,29 @@ class clsMandant {
   const std::shared_ptr<clsMandant_Beitragskonten>& Beitragskonten() const { return beitragskonten_; }
   const std::shared_ptr<clsMandant_PDFEncrypt>& PDFEncrypt() const { return pdf_encrypt_; }
 
+  /// \cond INTERNAL
   // Library-internal: the two stores, handed on to the side records.
   Variant InitLohnDB(const StoreConnectionPtr& pLohnDatabase);
   Variant InitImportDB(const StoreConnectionPtr& pImportDatabase);
+  /// \endcond
 
-  // Stores the year, then loads the year data of the employer for it.
+  /// Stores the year, then loads the year data of the employer for it.
   Variant ChangeYear(std::int16_t pJahr);
-  // A full load, then a load of the year data if a year was chosen (else a second
-  // full load); the result is that of the second load.
+  /// A full load, then a load of the year data if a year was chosen (else a second
+  /// full load); the result is that of the second load.
   bool Refresh();
-  // Writes the employer's row (inserting it when it is not there; an employer
-  // without an ID selects the whole table, so the first row of a table that has
-  // rows is overwritten). With pRekursiv the side records are saved too.
+  /// Writes the employer's row (inserting it when it is not there; an employer
+  /// without an ID selects the whole table, so the first row of a table that has
+  /// rows is overwritten). With pRekursiv the side records are saved too.
   bool Update(bool pRekursiv = true);
+  /// \cond INTERNAL
   // Library-internal. Loads the employer pID (as it stands, no SqlID): the row and
   // the side records, or with pNurJahresdaten only the year data. False when there
   // is no pay store or no such row; then nothing changes.
   bool LoadMandant(const std::string& pID, bool pNurJahresdaten);
+  /// \endcond
 
-  // The year chosen by ChangeYear, 0 until then.
+  /// The year chosen by ChangeYear, 0 until then.
   std::int16_t Jahr() const { return jahr_; }
 
  private:
@@ -93,7 +97,7 @@ class clsMandant {
   void LoadYearData();
 
   std::string id_;
-  // In the order of their creation.
+  /// In the order of their creation.
   std::shared_ptr<clsMandant_Bankverbindung> bankverbindung_ = std::make_shared<clsMandant_Bankverbindung>();
   std::shared_ptr<clsMandant_BMVG_Kasse> bmvg_kasse_ = std::make_shared<clsMandant_BMVG_Kasse>();
   std::shared_ptr<clsMandant_Finanzamt> finanzamt_ = std::make_shared<clsMandant_Finanzamt>();

@@ -1,8 +1,9 @@
-// Column declarations: each table routine declares its columns once, in order, as
-// (column, property, how it is read, how it is written), and that one list drives
-// load, save and copy. Crossings and exceptions of the domain are entries of the
-// list (a column read into one property and written from another, a column that is
-// only written), not second copies of a routine.
+/// \file
+/// Column declarations: each table routine declares its columns once, in order, as
+/// (column, property, how it is read, how it is written), and that one list drives
+/// load, save and copy. Crossings and exceptions of the domain are entries of the
+/// list (a column read into one property and written from another, a column that is
+/// only written), not second copies of a routine.
 #pragma once
 
 #include <algorithm>
@@ -23,40 +24,40 @@
 
 namespace ormelix {
 
-// How a column is read into its property.
+/// How a column is read into its property.
 enum class LoadAs {
-  None,      // not read
-  Text,      // ToText
-  Flag,      // ToFlag (a 16-bit property holds True as -1)
-  Long,      // ToLong
-  Integer,   // ToInteger
-  Single,    // ToSingle
-  Amount,    // ToAmount (into a 16-bit property: rounded half to even)
-  Date,      // ToDate
-  Round2,    // RoundTo(field, 2)
-  Round4,    // RoundTo(field, 4)
-  AsVariant, // ToVariantValue
+  None,      ///< not read
+  Text,      ///< ToText
+  Flag,      ///< ToFlag (a 16-bit property holds True as -1)
+  Long,      ///< ToLong
+  Integer,   ///< ToInteger
+  Single,    ///< ToSingle
+  Amount,    ///< ToAmount (into a 16-bit property: rounded half to even)
+  Date,      ///< ToDate
+  Round2,    ///< RoundTo(field, 2)
+  Round4,    ///< RoundTo(field, 4)
+  AsVariant, ///< ToVariantValue
   Custom     // by the entry's own function (load_with)
 };
 
-// How a property is written to its column.
+/// How a property is written to its column.
 enum class SaveAs {
-  None,     // not written
-  Direct,   // the value as it is
-  Round2,   // RoundTo(value, 2)
-  Round3,   // RoundTo(value, 3)
-  Flag,     // ToFlag(value)
-  Integer,  // ToInteger(value)
-  Date,     // ToDate(value)
-  SqlID,    // SqlID(value)
-  IDOrNull, // the value if it is an ID, else Null
+  None,     ///< not written
+  Direct,   ///< the value as it is
+  Round2,   ///< RoundTo(value, 2)
+  Round3,   ///< RoundTo(value, 3)
+  Flag,     ///< ToFlag(value)
+  Integer,  ///< ToInteger(value)
+  Date,     ///< ToDate(value)
+  SqlID,    ///< SqlID(value)
+  IDOrNull, ///< the value if it is an ID, else Null
   Custom    // by the entry's own function (save_with)
 };
 
-// A reference to a property of one of the types the domain stores.
+/// A reference to a property of one of the types the domain stores.
 using PropertyRef = std::variant<std::string*, bool*, std::int16_t*, std::int32_t*, float*, double*, Variant*>;
 
-// A set of lambdas as one visitor, for std::visit over a PropertyRef.
+/// A set of lambdas as one visitor, for std::visit over a PropertyRef.
 template <class... F>
 struct Overloaded : F... {
   using F::operator()...;
@@ -64,23 +65,23 @@ struct Overloaded : F... {
 template <class... F>
 Overloaded(F...) -> Overloaded<F...>;
 
-// Reads a field (or a stored value, Empty for no row) into a property; writes a
-// property as a column value.
+/// Reads a field (or a stored value, Empty for no row) into a property; writes a
+/// property as a column value.
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
 void LoadProperty(const Variant& value, LoadAs how, PropertyRef into);
 Variant SaveProperty(PropertyRef from, SaveAs how);
 
-// Called while a failure to read a stored value is handled: raises it again (a
-// ConversionError or std::out_of_range) naming where the value lies, the column,
-// its table and row (Field::Where); any other failure as it is.
+/// Called while a failure to read a stored value is handled: raises it again (a
+/// ConversionError or std::out_of_range) naming where the value lies, the column,
+/// its table and row (Field::Where); any other failure as it is.
 [[noreturn]] void RethrowUnreadable(const Field& field);
 
-// The name of a member (data or function) or of an enumerator given as a template
-// argument, as the compiler spells it: NameOf<&LLohn::Gehalt> is "Gehalt",
-// NameOf<eBasisWien> is "eBasisWien". Read from the compiler's own spelling of the
-// function's signature (g++ and clang write "... M = &ns::Class::Name ..."); a
-// compiler that spells it otherwise fails to compile here rather than give wrong
-// names.
+/// The name of a member (data or function) or of an enumerator given as a template
+/// argument, as the compiler spells it: NameOf<&LLohn::Gehalt> is "Gehalt",
+/// NameOf<eBasisWien> is "eBasisWien". Read from the compiler's own spelling of the
+/// function's signature (g++ and clang write "... M = &ns::Class::Name ..."); a
+/// compiler that spells it otherwise fails to compile here rather than give wrong
+/// names.
 template <auto M>
 constexpr std::string_view NameOf() {
   constexpr std::string_view signature = __PRETTY_FUNCTION__;
@@ -95,7 +96,7 @@ constexpr std::string_view NameOf() {
 }
 
 namespace detail {
-// A key no other column declaration set of the process has.
+/// A key no other column declaration set of the process has.
 std::uint64_t NewColumnSetKey();
 
 template <auto M>
@@ -104,7 +105,7 @@ inline constexpr std::string_view kDot = ".";
 inline constexpr std::string_view kOpen = "(";
 inline constexpr std::string_view kClose = ")";
 
-// Names joined at compile time, kept as a C string.
+/// Names joined at compile time, kept as a C string.
 template <const std::string_view&... Parts>
 struct JoinedName {
   static constexpr auto kText = [] {
@@ -116,8 +117,8 @@ struct JoinedName {
 };
 }  // namespace detail
 
-// The name of a member, or of a member of a member object ("Sechstel.JahresSumme"),
-// or of an indexed property ("DZBL(eBasisWien)"), as a C string.
+/// The name of a member, or of a member of a member object ("Sechstel.JahresSumme"),
+/// or of an indexed property ("DZBL(eBasisWien)"), as a C string.
 template <auto M>
 inline constexpr const char* kMemberName = detail::JoinedName<detail::kNameOf<M>>::kText.data();
 template <auto Outer, auto Inner>
@@ -127,11 +128,11 @@ template <auto M, auto Index>
 inline constexpr const char* kIndexedName =
     detail::JoinedName<detail::kNameOf<M>, detail::kOpen, detail::kNameOf<Index>, detail::kClose>::kText.data();
 
-// A property of the target of a declaration: how to reach it, and its name as the
-// object model has it, relative to the target ("Gehalt", "Mitarbeiter.FName" for a
-// property of a member object, "DZBL(eBasisWien)" for an indexed one). A tool that
-// shows a record keys its values by these names. Made from a plain function (or a
-// lambda) it has no name, and the column's name stands for it.
+/// A property of the target of a declaration: how to reach it, and its name as the
+/// object model has it, relative to the target ("Gehalt", "Mitarbeiter.FName" for a
+/// property of a member object, "DZBL(eBasisWien)" for an indexed one). A tool that
+/// shows a record keys its values by these names. Made from a plain function (or a
+/// lambda) it has no name, and the column's name stands for it.
 template <class Target>
 struct Property {
   using Getter = PropertyRef (*)(Target&);
@@ -149,7 +150,7 @@ struct Property {
   explicit constexpr operator bool() const { return get != nullptr; }
 };
 
-// A property reached by a function of its own, with its name.
+/// A property reached by a function of its own, with its name.
 template <class Target, class F>
 constexpr Property<Target> Named(const char* name, F getter) {
   return Property<Target>(static_cast<typename Property<Target>::Getter>(getter), name);
@@ -157,22 +158,22 @@ constexpr Property<Target> Named(const char* name, F getter) {
 
 template <class Target>
 struct ColumnDecl {
-  const char* column;  // nullptr marks a checkpoint (see ColumnSet::Save)
+  const char* column;  ///< nullptr marks a checkpoint (see ColumnSet::Save)
   Property<Target> property;
   LoadAs load;
   SaveAs save;
-  // Where a column is written from another property than it is read into.
+  /// Where a column is written from another property than it is read into.
   Property<Target> save_property = nullptr;
-  // The entry's own conversions, for LoadAs::Custom and SaveAs::Custom: a column
-  // that stands for no single property (a text of day numbers that fills 31 flags)
-  // or whose read depends on a property read before it.
+  /// The entry's own conversions, for LoadAs::Custom and SaveAs::Custom: a column
+  /// that stands for no single property (a text of day numbers that fills 31 flags)
+  /// or whose read depends on a property read before it.
   void (*load_with)(Target&, const Field&) = nullptr;
   Variant (*save_with)(Target&) = nullptr;
-  // For an entry of its own conversions with no single property: the name of what
-  // it stands for.
+  /// For an entry of its own conversions with no single property: the name of what
+  /// it stands for.
   const char* custom_name = nullptr;
 
-  // The name a view keys the entry's value by: its property's, else the column's.
+  /// The name a view keys the entry's value by: its property's, else the column's.
   const char* Name() const {
     if (property.name) return property.name;
     if (!property && custom_name) return custom_name;
@@ -189,8 +190,8 @@ struct MemberClass<T C::*> {
 };
 }  // namespace detail
 
-// A plain member of the target: Member<&clsMandant::Name>, named "Name" (the
-// target may be given, for a member of a base class: Member<&Base::x, Target>).
+/// A plain member of the target: Member<&clsMandant::Name>, named "Name" (the
+/// target may be given, for a member of a base class: Member<&Base::x, Target>).
 template <auto M, class Target>
 PropertyRef MemberGet(Target& target) {
   return &(target.*M);
@@ -198,9 +199,9 @@ PropertyRef MemberGet(Target& target) {
 template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
 inline constexpr Property<Target> Member{&MemberGet<M, Target>, kMemberName<M>};
 
-// A member stored in the column of its own name, read through `load`:
-// Plain<&LLohn_Kurzarbeit::SVBG>(LoadAs::Amount) is the column SVBG, written as the
-// member stands.
+/// A member stored in the column of its own name, read through `load`:
+/// Plain<&LLohn_Kurzarbeit::SVBG>(LoadAs::Amount) is the column SVBG, written as the
+/// member stands.
 template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
 ColumnDecl<Target> Plain(LoadAs load, SaveAs save = SaveAs::Direct) {
   return {kMemberName<M>, Member<M, Target>, load, save};
@@ -213,12 +214,12 @@ class ColumnSet {
 
   ColumnSet(std::initializer_list<Decl> columns) : columns_(columns), key_(detail::NewColumnSetKey()) {}
 
-  // A checkpoint entry: during a save of a wide row, the part written so far is
-  // stored at once if the row already has an ID (that is, it is no new row).
+  /// A checkpoint entry: during a save of a wide row, the part written so far is
+  /// stored at once if the row already has an ID (that is, it is no new row).
   static Decl Checkpoint() { return Decl{nullptr, nullptr, LoadAs::None, SaveAs::None}; }
 
-  // A column read and written by functions of its own; name is what it stands
-  // for in the object model (the column's name if none is given).
+  /// A column read and written by functions of its own; name is what it stands
+  /// for in the object model (the column's name if none is given).
   static Decl Custom(const char* column, void (*load_with)(Target&, const Field&), Variant (*save_with)(Target&),
                      const char* name = nullptr) {
     return Decl{column, nullptr, LoadAs::Custom, SaveAs::Custom, nullptr, load_with, save_with, name};
@@ -226,10 +227,10 @@ class ColumnSet {
 
   const std::vector<Decl>& Columns() const { return columns_; }
 
-  // Column indices of the recordset, for repeated loads from one recordset. A
-  // SELECT * gives the table's columns in the order the declaration has them, so
-  // each column is first looked for right after the one before, by its exact
-  // name, and only where it is not there by a lookup of the name.
+  /// Column indices of the recordset, for repeated loads from one recordset. A
+  /// SELECT * gives the table's columns in the order the declaration has them, so
+  /// each column is first looked for right after the one before, by its exact
+  /// name, and only where it is not there by a lookup of the name.
   std::vector<int> Bind(const Recordset& recordset) const {
     // Kept per statement's columns: the recordsets of one statement, one per
     // employee, bind once.
@@ -251,8 +252,8 @@ class ColumnSet {
     });
   }
 
-  // Reads every column that is read, in order, from the current row. The row is
-  // looked up once, not once per column: a pay row has some two hundred.
+  /// Reads every column that is read, in order, from the current row. The row is
+  /// looked up once, not once per column: a pay row has some two hundred.
   void Load(Target& target, const Recordset& recordset, const std::vector<int>& bound) const {
     static const Variant kNoRow;
     const Variant* row = recordset.CurrentRow();
@@ -270,9 +271,9 @@ class ColumnSet {
   }
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
 
-  // The same from a row's cells as Recordset::CurrentRow gives them, for a routine
-  // that sorts rows first and reads them later. An entry of its own conversion
-  // needs the recordset and is refused here.
+  /// The same from a row's cells as Recordset::CurrentRow gives them, for a routine
+  /// that sorts rows first and reads them later. An entry of its own conversion
+  /// needs the recordset and is refused here.
   void Load(Target& target, const Variant* row, const std::vector<int>& bound) const {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const Decl& decl = columns_[i];
@@ -282,10 +283,10 @@ class ColumnSet {
     }
   }
 
-  // The first column that would be written with a number that is no number (NaN)
-  // or infinite, or nullptr when there is none. A save checks its row with it
-  // before it writes anything: the store keeps neither (SQLite would turn NaN into
-  // Null, which reads back as 0).
+  /// The first column that would be written with a number that is no number (NaN)
+  /// or infinite, or nullptr when there is none. A save checks its row with it
+  /// before it writes anything: the store keeps neither (SQLite would turn NaN into
+  /// Null, which reads back as 0).
   const char* NonFiniteColumn(Target& target) const {
     auto finite = [](const Variant& value) { return value.kind() != Variant::Double || std::isfinite(value.AsDouble()); };
     for (const Decl& decl : columns_) {
@@ -305,9 +306,9 @@ class ColumnSet {
     return nullptr;
   }
 
-  // Sets every column that is written, in order, on the current or new row.
-  // Checkpoints call Update where the row has an ID already. The final Update is
-  // the caller's.
+  /// Sets every column that is written, in order, on the current or new row.
+  /// Checkpoints call Update where the row has an ID already. The final Update is
+  /// the caller's.
   void Save(Target& target, Recordset& recordset) const {
     for (const Decl& decl : columns_) {
       if (!decl.column) {
@@ -326,12 +327,12 @@ class ColumnSet {
 
  private:
   std::vector<Decl> columns_;
-  std::uint64_t key_;  // tells this set's bindings apart from every other set's
+  std::uint64_t key_;  ///< tells this set's bindings apart from every other set's
 };
 
-// Refuses, before anything is written, a row of which a column would be written
-// with NaN or an infinite number: ConversionError naming the table, the column and
-// the row.
+/// Refuses, before anything is written, a row of which a column would be written
+/// with NaN or an infinite number: ConversionError naming the table, the column and
+/// the row.
 template <class Target>
 void RequireFinite(const ColumnSet<Target>& columns, Target& target, const std::string& table,
                    const std::string& row) {

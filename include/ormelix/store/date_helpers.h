@@ -1,5 +1,6 @@
-// DateHelpers: state tests, period keys and calendar dates. Dates are day counts
-// (Date, day 0 = 30 December 1899); a period key (Zeitraum) is yyyymm as a number.
+/// \file
+/// DateHelpers: state tests, period keys and calendar dates. Dates are day counts
+/// (Date, day 0 = 30 December 1899); a period key (Zeitraum) is yyyymm as a number.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +16,11 @@ class Field;
 
 namespace DateHelpers {
 
-// True for Empty, Null and a text of blanks only.
+/// True for Empty, Null and a text of blanks only.
 bool IsEmptyText(const Variant& value, bool flag = false);
 bool IsEmptyText(const Field& value, bool flag = false);
-// True for a well-formed ID of this store: an upper- or lower-case GUID in braces,
-// {8-4-4-4-12}, other than the all-zero one. A number, a name and "" are no IDs.
+/// True for a well-formed ID of this store: an upper- or lower-case GUID in braces,
+/// {8-4-4-4-12}, other than the all-zero one. A number, a name and "" are no IDs.
 bool IsID(const Variant& value, bool flag = false);
 
 template <class T>
@@ -31,12 +32,12 @@ bool IsNothingObject(const T* object) {
   return object == nullptr;
 }
 
-// The ID of the row that the last Update wrote, inserted or changed. If the row
-// does not show its key yet, the recordset is read again and stands on that row.
+/// The ID of the row that the last Update wrote, inserted or changed. If the row
+/// does not show its key yet, the recordset is read again and stands on that row.
 std::string GetNewRowID(Recordset& recordset);
 
-// Calendar arithmetic. DateSerial rolls over like a calendar does: month 13 is
-// January of the next year, day 0 the last day of the month before.
+/// Calendar arithmetic. DateSerial rolls over like a calendar does: month 13 is
+/// January of the next year, day 0 the last day of the month before.
 Date DateSerial(int year, int month, int day);
 int Year(Date date);
 int Month(Date date);
@@ -48,9 +49,9 @@ std::int32_t ZeitraumYear(std::int32_t zeitraum);
 Date ZeitraumToDate(std::int32_t zeitraum, std::int16_t day = 1);
 std::int32_t ZeitraumAddYears(std::int32_t zeitraum, const Variant& years);
 
-// Today's date (local time).
+/// Today's date (local time).
 Date Today();
-// "2024-03-15" for display; "" for date 0.
+/// "2024-03-15" for display; "" for date 0.
 std::string FormatDate(Date date);
 
 }  // namespace DateHelpers

@@ -1,11 +1,12 @@
-// The recordset: a client-side, fully scrollable snapshot of one statement's rows,
-// with the operations the domain logic uses on it. Whatever cursor type was asked
-// for, every recordset can move both ways, be filtered again and again and count
-// its rows. A recordset opened for writing (optimistic lock, a plain
-// "SELECT * FROM [table]" statement) writes each Update straight to the store, and
-// reads its rows only when it is first asked for one (a field of a stored row, a
-// move, EOF, a filter): adding rows to a large table does not read the table.
-// A read-only recordset is a snapshot of the moment it was opened.
+/// \file
+/// The recordset: a client-side, fully scrollable snapshot of one statement's rows,
+/// with the operations the domain logic uses on it. Whatever cursor type was asked
+/// for, every recordset can move both ways, be filtered again and again and count
+/// its rows. A recordset opened for writing (optimistic lock, a plain
+/// "SELECT * FROM [table]" statement) writes each Update straight to the store, and
+/// reads its rows only when it is first asked for one (a field of a stored row, a
+/// move, EOF, a filter): adding rows to a large table does not read the table.
+/// A read-only recordset is a snapshot of the moment it was opened.
 #pragma once
 
 #include <cstdint>
@@ -27,29 +28,29 @@ struct QueryResult;
 struct RowSet;
 }  // namespace detail
 
-// ADO's cursor and lock types, with their values. The cursor type is advisory.
+/// ADO's cursor and lock types, with their values. The cursor type is advisory.
 enum CursorTypeEnum { adOpenForwardOnly = 0, adOpenKeyset = 1, adOpenDynamic = 2, adOpenStatic = 3 };
 enum LockTypeEnum { adLockReadOnly = 1, adLockPessimistic = 2, adLockOptimistic = 3, adLockBatchOptimistic = 4 };
 
 class Recordset;
 
-// One column of the current row. Cheap to copy; valid while its recordset lives.
-// The conversions of ValueHelpers take a Field and give their empty value when
-// there is no current row; Value() itself fails then.
+/// One column of the current row. Cheap to copy; valid while its recordset lives.
+/// The conversions of ValueHelpers take a Field and give their empty value when
+/// there is no current row; Value() itself fails then.
 class Field {
  public:
   Field(const Recordset* recordset, int column) : recordset_(recordset), column_(column) {}
 
   bool HasCurrentRow() const;
-  Variant Value() const;        // the value; StoreError when there is no current row
-  Variant ValueOrEmpty() const; // the value, or Empty when there is no current row
-  // The stored value without a copy: a reference to an Empty value when there is
-  // no current row. Valid until the recordset moves or changes.
+  Variant Value() const;        ///< the value; StoreError when there is no current row
+  Variant ValueOrEmpty() const; ///< the value, or Empty when there is no current row
+  /// The stored value without a copy: a reference to an Empty value when there is
+  /// no current row. Valid until the recordset moves or changes.
   const Variant& Peek() const;
   const std::string& Name() const;
   int Index() const { return column_; }
-  // Where the value lies, for a message: the column, its table, the row's ID
-  // where the statement has one, and the statement's first 200 characters.
+  /// Where the value lies, for a message: the column, its table, the row's ID
+  /// where the statement has one, and the statement's first 200 characters.
   std::string Where() const;
 
  private:
@@ -60,60 +61,63 @@ class Field {
 class Recordset {
  public:
   Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, CursorTypeEnum cursor, LockTypeEnum lock);
+  /// \cond INTERNAL
   // Library-internal: a read-only recordset on rows another recordset of the same
   // statement read (see StoreSharedReads), standing on the first row.
   Recordset(std::shared_ptr<detail::Backend> backend, std::string sql, std::shared_ptr<detail::RowSet> rows);
   ~Recordset();
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
+  /// \endcond
 
-  // Position
-  bool Eof() const;  // no current row remains (also for an empty recordset)
-  bool Bof() const;  // before the first row (also for an empty recordset)
+  /// Position
+  bool Eof() const;  ///< no current row remains (also for an empty recordset)
+  bool Bof() const;  ///< before the first row (also for an empty recordset)
   void MoveNext();
   void MovePrevious();
   void MoveFirst();
   void MoveLast();
-  // Number of rows the current filter lets through.
+  /// Number of rows the current filter lets through.
   long RecordCount() const;
 
-  // Fields, by name without regard to case ("Name", "name", "Mandanten_Beitragskonten.ID").
+  /// Fields, by name without regard to case ("Name", "name", "Mandanten_Beitragskonten.ID").
   Field Fields(std::string_view name) const;
   Field Fields(int index) const { return Field(this, index); }
-  // The index of a column, for repeated reads; StoreError for an unknown name.
+  /// The index of a column, for repeated reads; StoreError for an unknown name.
   int FieldIndex(std::string_view name) const;
-  // -1 for an unknown name, no failure.
+  /// -1 for an unknown name, no failure.
   int FindFieldIndex(std::string_view name) const;
   int FieldCount() const;
   const std::string& FieldName(int index) const;
-  // The table a column comes from ("" for an expression).
+  /// The table a column comes from ("" for an expression).
   const std::string& FieldTable(int index) const;
 
-  // Sets a column of the current or new row; written by the next Update.
+  /// Sets a column of the current or new row; written by the next Update.
   void Collect(std::string_view name, const Variant& value);
   void Collect(int index, const Variant& value);
 
-  // Starts a new row; Update stores it and leaves it current.
+  /// Starts a new row; Update stores it and leaves it current.
   void AddNew();
-  // Writes the new or changed row; the row stays current.
+  /// Writes the new or changed row; the row stays current.
   void Update();
-  // Removes the current row from the store; the next row becomes current.
+  /// Removes the current row from the store; the next row becomes current.
   void Delete();
 
-  // Restricts the rows to those matching the criteria, replacing any earlier
-  // filter, and stands on the first match. An empty text lifts the filter.
+  /// Restricts the rows to those matching the criteria, replacing any earlier
+  /// filter, and stands on the first match. An empty text lifts the filter.
   void Filter(std::string_view criteria);
   const std::string& Filter() const;
-  // Seeks the first row matching the criteria from the current row on, forward.
-  // At no match the recordset stands at EOF.
+  /// Seeks the first row matching the criteria from the current row on, forward.
+  /// At no match the recordset stands at EOF.
   void Find(std::string_view criteria);
-  // Reads the rows again from the store (the filter stays) and stands on the first.
+  /// Reads the rows again from the store (the filter stays) and stands on the first.
   void Requery();
 
   void Close();
   bool IsOpen() const;
   const std::string& Sql() const;
 
+  /// \cond INTERNAL
   // Library-internal: the value of a column of the current row, or nullptr at no row.
   const Variant* CurrentCell(int column) const;
   // Library-internal: the rows of this read-only recordset, to be shared by later
@@ -127,6 +131,7 @@ class Recordset {
   // AddNew or a change is pending), one per field, or nullptr at no row. Valid
   // until the recordset moves or changes.
   const Variant* CurrentRow() const;
+  /// \endcond
 
  private:
   struct Impl;

@@ -1,5 +1,6 @@
-// A store value as the domain logic sees it: empty, Null, a boolean, a whole
-// number, a double or a text. Dates travel as doubles (day counts, 0 = no date).
+/// \file
+/// A store value as the domain logic sees it: empty, Null, a boolean, a whole
+/// number, a double or a text. Dates travel as doubles (day counts, 0 = no date).
 #pragma once
 
 #include <concepts>
@@ -9,12 +10,12 @@
 
 namespace ormelix {
 
-// A calendar date as a day count: day 0 is 30 December 1899, so 1 January 1900 is 2.
-// 0 also means "no date".
+/// A calendar date as a day count: day 0 is 30 December 1899, so 1 January 1900 is 2.
+/// 0 also means "no date".
 using Date = double;
 
-// Sixteen bytes: a kind and a payload; a text lives on the heap (an empty text
-// takes no allocation), so that a snapshot of many cells stays compact.
+/// Sixteen bytes: a kind and a payload; a text lives on the heap (an empty text
+/// takes no allocation), so that a snapshot of many cells stays compact.
 class Variant {
  public:
   enum Kind : unsigned char { Empty, Null, Boolean, Integer, Double, Text };
@@ -64,17 +65,17 @@ class Variant {
   bool IsNumber() const noexcept { return kind_ == Integer || kind_ == Double || kind_ == Boolean; }
   bool IsText() const noexcept { return kind_ == Text; }
 
-  // Raw access; the caller has checked kind().
+  /// Raw access; the caller has checked kind().
   bool AsBool() const noexcept { return boolean_; }
   std::int64_t AsInteger() const noexcept { return integer_; }
   double AsDouble() const noexcept { return double_; }
   const std::string& AsText() const noexcept { return text_ ? *text_ : EmptyText(); }
 
-  // The value as a number: booleans as -1/0, numeric text parsed (C locale).
-  // Returns false when there is no number to be had.
+  /// The value as a number: booleans as -1/0, numeric text parsed (C locale).
+  /// Returns false when there is no number to be had.
   bool TryNumber(double& out) const;
 
-  // A readable form for messages and output: "" for empty, "Null" for Null.
+  /// A readable form for messages and output: "" for empty, "Null" for Null.
   std::string Describe() const;
 
   friend bool operator==(const Variant& a, const Variant& b);
@@ -90,17 +91,17 @@ class Variant {
     bool boolean_;
     std::int64_t integer_;
     double double_;
-    std::string* text_;  // nullptr for ""
+    std::string* text_;  ///< nullptr for ""
   };
 };
 
 static_assert(sizeof(Variant) == 16, "a stored value is meant to take sixteen bytes");
 
-// Parses a decimal number written in C locale ("12", "-3.5", "1e3"), the whole
-// text after trimming blanks. Returns false if it is not one.
+/// Parses a decimal number written in C locale ("12", "-3.5", "1e3"), the whole
+/// text after trimming blanks. Returns false if it is not one.
 bool ParseNumber(std::string_view text, double& out);
 
-// The shortest decimal text that reads back as the same double ("0.1", "1234.57", "3").
+/// The shortest decimal text that reads back as the same double ("0.1", "1234.57", "3").
 std::string FormatNumber(double value);
 
 }  // namespace ormelix
