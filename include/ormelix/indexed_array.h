@@ -19,19 +19,34 @@ namespace detail {
 }
 }  // namespace detail
 
+/// \brief A checked array of the indices Low to High: a bad index is
+/// std::out_of_range naming the property and the index.
 template <class T, int Low, int High>
 class IndexedArray {
  public:
+  /// \name Index range
+  ///@{
+
+  /// The lowest and highest index.
   static constexpr int kLow = Low;
   static constexpr int kHigh = High;
+  ///@}
 
+  /// Every element T{}; name is the property's, for the message of a bad index.
   explicit IndexedArray(const char* name = nullptr) : name_(name) { values_.fill(T{}); }
 
+  /// \name Element access
+  ///@{
+
+  /// The element at index, Low to High; std::out_of_range outside, in the getter as
+  /// in the setter. `a(i)` reads as the domain's indexed property, `a[i]` as C++.
   T& operator[](int index) { return values_[Offset(index)]; }
   const T& operator[](int index) const { return values_[Offset(index)]; }
   T& operator()(int index) { return values_[Offset(index)]; }
   const T& operator()(int index) const { return values_[Offset(index)]; }
+  ///@}
 
+  /// The property's name, as given at construction (nullptr for none).
   const char* Name() const { return name_; }
 
  private:
@@ -44,16 +59,19 @@ class IndexedArray {
   const char* name_;
 };
 
+/// A month array 0 to 12: element 0 exists but is never loaded or saved.
 template <class T>
 using MonthArray = IndexedArray<T, 0, 12>;
+/// A month array 1 to 12: there is no element 0.
 template <class T>
 using Month1Array = IndexedArray<T, 1, 12>;
 
-/// The storage of the grids below: a block of cells per month, allocated at the
-/// first write into that month, so that an object with many grids that a load
-/// leaves untouched (the wage-type lines of an employee without any) costs a pointer
-/// each, and one with the lines of one month holds that month only. A read of an
-/// untouched cell gives T{}.
+/// \cond INTERNAL
+// The storage of the grids below: a block of cells per month, allocated at the
+// first write into that month, so that an object with many grids that a load
+// leaves untouched (the wage-type lines of an employee without any) costs a pointer
+// each, and one with the lines of one month holds that month only. A read of an
+// untouched cell gives T{}.
 template <class T, std::size_t PerMonth>
 class MonthBlocks {
  public:
@@ -98,14 +116,20 @@ class MonthBlocks {
 
   std::unique_ptr<Months> months_;
 };
+/// \endcond
 
 /// Two indices (a, month): a in ALow..AHigh, month 0..12.
 template <class T, int ALow, int AHigh>
 class MonthGrid {
  public:
+  /// Every cell T{}; name is the property's, for the message of a bad index.
   explicit MonthGrid(const char* name = nullptr) : name_(name) {}
 
-  /// The first index is checked before the month.
+  /// \name Cell access
+  ///@{
+
+  /// The cell (a, month); std::out_of_range for a bad index. The first index is
+  /// checked before the month. A read of a cell never written gives T{}.
   T& operator()(int a, int month) {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
@@ -114,6 +138,7 @@ class MonthGrid {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
   }
+  ///@}
   /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
@@ -135,9 +160,14 @@ class MonthGrid {
 template <class T, int ALow, int AHigh, int BLow, int BHigh>
 class MonthGrid3 {
  public:
+  /// Every cell T{}; name is the property's, for the message of a bad index.
   explicit MonthGrid3(const char* name = nullptr) : name_(name) {}
 
-  /// The indices are checked in order: a, b, month.
+  /// \name Cell access
+  ///@{
+
+  /// The cell (a, b, month); std::out_of_range for a bad index. The indices are
+  /// checked in order: a, b, month. A read of a cell never written gives T{}.
   T& operator()(int a, int b, int month) {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
@@ -146,6 +176,7 @@ class MonthGrid3 {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
   }
+  ///@}
   /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 

@@ -14,8 +14,10 @@ std::string FoldCase(std::string_view text);
 /// The same towards upper case (ä to Ä, ß stays).
 std::string UpperCase(std::string_view text);
 
+/// True when the two texts are equal after FoldCase.
 bool EqualsFolded(std::string_view a, std::string_view b);
 
+/// The text without leading and trailing spaces and tabs.
 std::string_view TrimBlanks(std::string_view text);
 
 }  // namespace ormelix

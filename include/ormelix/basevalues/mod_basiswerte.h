@@ -14,6 +14,11 @@
 #include "ormelix/collection.h"
 #include "ormelix/session/manager.h"
 
+/// \brief The table routines of the base values (Basiswerte, Basiswerte_Zeittabelle
+/// and the sub-tables of a dated table), and their column declarations.
+///
+/// Every routine takes the session first and reaches the payroll store through its
+/// AktDB (an Error when none is set); a failure of the store unwinds to the caller.
 namespace ormelix::modBasiswerte {
 
 // ---- folders (Basiswerte)

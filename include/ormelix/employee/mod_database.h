@@ -23,16 +23,26 @@ class LLohn_Jahresdaten;
 class LLohn_Kurzarbeit;
 class LLohn_Übertritt;
 
+/// \brief The table routines of the employee's tables, field by field, and their
+/// column declarations.
+///
+/// LLohn and clsMitarbeiter call them; each takes the session (for AktDB, AktJahr
+/// and AktMonat), the employee object and the employee's ID. A load writes only what
+/// it finds; a save writes every column of its row; nothing is caught.
 namespace modDatabase {
 
 // ---- Mitarbeiter and Mitarbeiter_Bankverbindung
 
+/// Reads the row of Mitarbeiter into LLohn::Mitarbeiter and LLohn's own columns; no
+/// row sets nothing.
 void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 /// Writes the row in two steps (up to SVNRAnforderungsID, then the rest); a missing
 /// row is not inserted, and nothing is reported.
 void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 /// Inserts a bare row for the current employer and gives its ID.
 std::string InsertMitarbeiterRecord(clsManager& pManager);
+/// Reads the employee's row of Mitarbeiter_Bankverbindung into BankName, IBAN, BIC
+/// and Barauszahler; no row leaves them.
 void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
 /// Writes the bank row, creating it when the employee has none.
 void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID);
@@ -119,10 +129,19 @@ void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const s
 
 /// One month of one employee: the target of a row of Mitarbeiter_Lohnzettel.
 struct LohnzettelMonth {
-  LLohn* lohn;
-  int month;
+  LLohn* lohn;  ///< the employee
+  int month;    ///< the month, 1 to 12
 };
 
+/// \name Column declarations
+///@{
+
+/// The columns of a table of the employee, in table order, each with the property
+/// it feeds and its conversions: Mitarbeiter, Mitarbeiter_Bankverbindung,
+/// Mitarbeiter_Lohnzettel (one month), Mitarbeiter_Jahresdaten,
+/// Mitarbeiter_Übertritte, Mitarbeiter_Lohnzettel_EL and
+/// Mitarbeiter_Lohnzettel_Kurzarbeit. A tool walks them to show or compare every
+/// stored value of a record.
 const ColumnSet<LLohn>& MitarbeiterColumns();
 const ColumnSet<LLohn>& BankverbindungColumns();
 const ColumnSet<LohnzettelMonth>& LohnzettelColumns();
@@ -130,14 +149,15 @@ const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns();
 const ColumnSet<LLohn_Übertritt>& UebertritteColumns();
 const ColumnSet<LLohn_Ersatzleistung>& ErsatzleistungColumns();
 const ColumnSet<LLohn_Kurzarbeit>& KurzarbeitColumns();
+///@}
 
 /// One line of one wage-type group in one month: the target of a row of
 /// Mitarbeiter_Lohnarten.
 struct LohnartenLine {
-  LLohn* lohn;
+  LLohn* lohn;  ///< the employee
   int group;  ///< Lohnarttyp, 1 to 8 (eLohnartenConstants)
   int line;   ///< SortNr, 1 to 5
-  int month;
+  int month;  ///< the month, 1 to 12
 };
 
 /// The columns that a row of the group reads and writes: groups 1 to 6 the ZSL_

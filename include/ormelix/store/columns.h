@@ -62,13 +62,17 @@ template <class... F>
 struct Overloaded : F... {
   using F::operator()...;
 };
+/// \cond INTERNAL
 template <class... F>
 Overloaded(F...) -> Overloaded<F...>;
+/// \endcond
 
 /// Reads a field (or a stored value, Empty for no row) into a property; writes a
 /// property as a column value.
 void LoadProperty(const Field& field, LoadAs how, PropertyRef into);
+/// The same from a stored value (Empty for no row).
 void LoadProperty(const Variant& value, LoadAs how, PropertyRef into);
+/// The property's value as the column takes it, converted as `how` says.
 Variant SaveProperty(PropertyRef from, SaveAs how);
 
 /// Called while a failure to read a stored value is handled: raises it again (a
@@ -121,9 +125,11 @@ struct JoinedName {
 /// or of an indexed property ("DZBL(eBasisWien)"), as a C string.
 template <auto M>
 inline constexpr const char* kMemberName = detail::JoinedName<detail::kNameOf<M>>::kText.data();
+/// The name of a member of a member object, "Outer.Inner".
 template <auto Outer, auto Inner>
 inline constexpr const char* kMemberPath =
     detail::JoinedName<detail::kNameOf<Outer>, detail::kDot, detail::kNameOf<Inner>>::kText.data();
+/// The name of an indexed property, "Member(Index)".
 template <auto M, auto Index>
 inline constexpr const char* kIndexedName =
     detail::JoinedName<detail::kNameOf<M>, detail::kOpen, detail::kNameOf<Index>, detail::kClose>::kText.data();
@@ -135,18 +141,27 @@ inline constexpr const char* kIndexedName =
 /// lambda) it has no name, and the column's name stands for it.
 template <class Target>
 struct Property {
+  /// The function that reaches the property of a target.
   using Getter = PropertyRef (*)(Target&);
-  Getter get = nullptr;
-  const char* name = nullptr;
+  Getter get = nullptr;        ///< how to reach the property; nullptr for none
+  const char* name = nullptr;  ///< its name in the object model; nullptr for none
 
+  /// \name Construction
+  ///@{
+
+  /// No property (also from nullptr), a getter with an optional name, or a lambda
+  /// without capture (no name).
   constexpr Property() = default;
   constexpr Property(std::nullptr_t) {}
   constexpr Property(Getter getter, const char* property_name = nullptr) : get(getter), name(property_name) {}
   template <class F>
     requires(std::is_convertible_v<F, Getter> && !std::is_same_v<std::decay_t<F>, Getter>)
   constexpr Property(F getter) : get(getter) {}
+  ///@}
 
+  /// The property of the target.
   PropertyRef operator()(Target& target) const { return get(target); }
+  /// True for a property, false for none.
   explicit constexpr operator bool() const { return get != nullptr; }
 };
 
@@ -156,18 +171,21 @@ constexpr Property<Target> Named(const char* name, F getter) {
   return Property<Target>(static_cast<typename Property<Target>::Getter>(getter), name);
 }
 
+/// One entry of a column declaration: a column, its property, how it is read and
+/// how it is written.
 template <class Target>
 struct ColumnDecl {
   const char* column;  ///< nullptr marks a checkpoint (see ColumnSet::Save)
-  Property<Target> property;
-  LoadAs load;
-  SaveAs save;
+  Property<Target> property;  ///< the property read and written (nullptr for a custom entry)
+  LoadAs load;  ///< how the column is read
+  SaveAs save;  ///< how it is written
   /// Where a column is written from another property than it is read into.
   Property<Target> save_property = nullptr;
   /// The entry's own conversions, for LoadAs::Custom and SaveAs::Custom: a column
   /// that stands for no single property (a text of day numbers that fills 31 flags)
   /// or whose read depends on a property read before it.
   void (*load_with)(Target&, const Field&) = nullptr;
+  /// The entry's own save conversion (SaveAs::Custom).
   Variant (*save_with)(Target&) = nullptr;
   /// For an entry of its own conversions with no single property: the name of what
   /// it stands for.
@@ -190,12 +208,13 @@ struct MemberClass<T C::*> {
 };
 }  // namespace detail
 
-/// A plain member of the target: Member<&clsMandant::Name>, named "Name" (the
-/// target may be given, for a member of a base class: Member<&Base::x, Target>).
+/// The getter behind Member: the member M of the target.
 template <auto M, class Target>
 PropertyRef MemberGet(Target& target) {
   return &(target.*M);
 }
+/// A plain member of the target: Member<&clsMandant::Name>, named "Name" (the
+/// target may be given, for a member of a base class: Member<&Base::x, Target>).
 template <auto M, class Target = typename detail::MemberClass<decltype(M)>::type>
 inline constexpr Property<Target> Member{&MemberGet<M, Target>, kMemberName<M>};
 
@@ -207,11 +226,18 @@ ColumnDecl<Target> Plain(LoadAs load, SaveAs save = SaveAs::Direct) {
   return {kMemberName<M>, Member<M, Target>, load, save};
 }
 
+/// \brief The columns of one table, declared once in table order: the one list that
+/// drives load, save and copy of a table routine.
+///
+/// The table routines (modDatabase, modBasiswerte and the employer classes) hand out
+/// their sets, so that a tool can walk every stored value of a record.
 template <class Target>
 class ColumnSet {
  public:
+  /// An entry.
   using Decl = ColumnDecl<Target>;
 
+  /// The entries in table order.
   ColumnSet(std::initializer_list<Decl> columns) : columns_(columns), key_(detail::NewColumnSetKey()) {}
 
   /// A checkpoint entry: during a save of a wide row, the part written so far is
@@ -225,6 +251,7 @@ class ColumnSet {
     return Decl{column, nullptr, LoadAs::Custom, SaveAs::Custom, nullptr, load_with, save_with, name};
   }
 
+  /// The entries in table order.
   const std::vector<Decl>& Columns() const { return columns_; }
 
   /// Column indices of the recordset, for repeated loads from one recordset. A
@@ -269,6 +296,7 @@ class ColumnSet {
       RethrowUnreadable(recordset.Fields(bound[i]));
     }
   }
+  /// The same, binding the columns first.
   void Load(Target& target, const Recordset& recordset) const { Load(target, recordset, Bind(recordset)); }
 
   /// The same from a row's cells as Recordset::CurrentRow gives them, for a routine

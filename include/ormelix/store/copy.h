@@ -16,11 +16,12 @@ namespace ormelix {
 
 /// What one table held, on either side.
 struct TableCopy {
-  std::string table;
-  long rows = 0;
+  std::string table;  ///< the table's name
+  long rows = 0;      ///< its row count
   std::uint64_t checksum = 0;  ///< over every value of every row, in Nr order
 };
 
+/// How CopyStore works.
 struct CopyOptions {
   /// A target that holds rows is refused unless its rows may be replaced.
   bool replace = false;

@@ -2,8 +2,10 @@
 /// Where a store lies. A store is a file (SQLite) or a database on a PostgreSQL
 /// server, named by a connection string in either of libpq's forms:
 ///
+/// \code{.unparsed}
 ///   postgres://user@host:port/payroll            (postgresql:// too)
 ///   host=/run/postgresql port=5432 dbname=payroll user=lohn
+/// \endcode
 ///
 /// Both forms take one parameter of the library's own, schema=NAME, which puts the
 /// store's tables into that schema of the database (a payroll store and its
@@ -28,6 +30,7 @@ std::string ShownLocation(std::string_view location);
 /// connection string with that parameter set (replacing the one it had; an empty
 /// value takes the parameter out).
 std::string LocationParameter(std::string_view location, std::string_view key);
+/// The connection string with the parameter key set to value (see LocationParameter).
 std::string WithLocationParameter(std::string_view location, std::string_view key, std::string_view value);
 
 /// The connection string a program hands libpq itself to reach the store as the

@@ -12,12 +12,21 @@
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/variant.h"
 
+/// \brief Commercial rounding (half away from zero) to a number of decimals, and the
+/// exact division and multiplication of the short-time figures.
 namespace ormelix::RoundingHelpers {
 
+/// \name RoundTo
+///@{
+
+/// The value rounded to `digits` decimals, half away from zero, of the decimal the
+/// number stands for (a double's 15 significant digits, a single's 7). Null and
+/// Empty give 0, as does a field without a current row.
 double RoundTo(double value, int digits);
 double RoundTo(float value, int digits);
-double RoundTo(const Variant& value, int digits);  ///< Null and Empty give 0
+double RoundTo(const Variant& value, int digits);
 double RoundTo(const Field& field, int digits);
+///@}
 
 /// a / b held to that many decimals; a division by 0 gives 0.
 double DivideExact(double a, double b, int digits);

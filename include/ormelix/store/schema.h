@@ -12,10 +12,17 @@
 
 namespace ormelix {
 
-enum class StoreKind { Payroll, Reference };
+/// Which of the two stores: the payroll store (AktDB: employers, base values,
+/// employees) or the reference store (ImportDB: the catalogues Gemeinden,
+/// BMVG_Kassen, DM_Austrittsgründe, Länder, Länder_Indikatoren).
+enum class StoreKind {
+  Payroll,   ///< the payroll store
+  Reference  ///< the reference store
+};
 
+/// A column of a table of the schema.
 struct SchemaColumn {
-  std::string name;
+  std::string name;  ///< the column's name, umlauts included
   std::string type;       ///< text, bool, int16, int32, double, date, any
   std::string default_value;  ///< "" for none (Null)
   std::string references;     ///< the table whose ID this column refers to, or ""
@@ -23,16 +30,18 @@ struct SchemaColumn {
   bool primary = false;       ///< the key of a table without ID and Nr
 };
 
+/// An index of a table of the schema.
 struct SchemaIndex {
-  std::vector<std::string> columns;
+  std::vector<std::string> columns;  ///< its columns, in order
   bool unique = false;  ///< one row per key: the store refuses a second
 };
 
+/// A table of the schema (schema/payroll.tables, schema/reference.tables).
 struct SchemaTable {
-  std::string name;
+  std::string name;  ///< the table's name
   bool keyed = true;  ///< has the store-filled ID and the autonumber Nr
-  std::vector<SchemaColumn> columns;
-  std::vector<SchemaIndex> indexes;  ///< named ix_<table>_<position from 1>
+  std::vector<SchemaColumn> columns;  ///< its columns, without ID and Nr
+  std::vector<SchemaIndex> indexes;  ///< named `ix_<table>_<position from 1>`
 };
 
 /// The tables of a store as the schema declares them (without ID and Nr).

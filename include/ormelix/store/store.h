@@ -22,9 +22,21 @@ class Backend;
 std::shared_ptr<Backend> BackendOf(const StoreSession& session);
 }  // namespace detail
 
+/// \brief An open store that runs statements: the SQL of the domain in, recordsets
+/// and row counts out.
+///
+/// Reached through StoreConnection::Session. SQL is written in the Jet flavour the
+/// domain uses (`[brackets]`, `DELETE *`, `LCASE`, `FALSE`, IDs as `{GUID}` literals)
+/// and translated once per distinct text into SQLite's or PostgreSQL's dialect.
+/// Exactly one statement per call: trailing SQL is refused with a StoreError that
+/// names the statement, as is any statement the backend refuses.
 class StoreSession {
  public:
+  /// \cond INTERNAL
+  // Library-internal: StoreConnection::Open and CreateStore make the session.
   explicit StoreSession(std::shared_ptr<detail::Backend> backend);
+  /// \endcond
+  /// Closes the store if it is open.
   ~StoreSession();
 
   /// Runs a statement and gives its rows; the recordset stands on the first row,
@@ -34,11 +46,16 @@ class StoreSession {
   /// Runs an action statement; the result is the number of rows it touched.
   Variant ExecuteSql(std::string_view sql, bool flag = true);
 
+  /// True while the store is open.
   bool IsOpen() const;
   /// Opens the database again with what StorePath and StoreConnect gave earlier.
   void OpenStore(const std::string& path, const std::string& connect);
+  /// Closes the store; statements fail until OpenStore.
   void CloseStore();
+  /// The path (a file, or a connection string without its password) the store was
+  /// opened with.
   std::string StorePath() const;
+  /// The connect text the store was opened with ("" for SQLite).
   std::string StoreConnect() const;
 
  private:
@@ -112,7 +129,10 @@ class StoreSharedReads {
 class StoreWriteTransaction {
  public:
   /// What a scope left without Commit does with the writes made so far.
-  enum OnUnwind { RollBack, KeepWritten };
+  enum OnUnwind {
+    RollBack,    ///< undo them
+    KeepWritten  ///< keep them, as the library's own saves do
+  };
 
   /// Takes the store's write lock; StoreError when the store is read-only, locked by
   /// another program longer than the busy timeout, or has moved or gone.
@@ -131,20 +151,28 @@ class StoreWriteTransaction {
   bool open_ = true;
 };
 
+/// \brief A store as the host hands it to the session (clsManager::SetAktDB,
+/// SetImportDB): an SQLite file or a database on a PostgreSQL server.
+///
+/// A host opens one with Open (an existing store) or CreateStore (a new one from the
+/// shipped schema) and shares it as a StoreConnectionPtr.
 class StoreConnection {
  public:
   /// Opens an existing store. connect selects the backend: "" or "sqlite" for an
   /// SQLite file at path. A missing file or one that is no database is a StoreError.
   static std::shared_ptr<StoreConnection> Open(const std::string& path, const std::string& connect = "");
 
+  /// A connection around a session made by the library.
   explicit StoreConnection(std::shared_ptr<StoreSession> session) : session_(std::move(session)) {}
 
+  /// The session that runs the statements.
   StoreSession& Session() const { return *session_; }
 
  private:
   std::shared_ptr<StoreSession> session_;
 };
 
+/// A shared store: the form in which the session and the employer classes hold it.
 using StoreConnectionPtr = std::shared_ptr<StoreConnection>;
 
 }  // namespace ormelix

@@ -23,21 +23,27 @@ inline constexpr const char* kTextCollation = "ormelix_text";
 
 /// Negative, zero or positive as a sorts before, with or after b (UTF-8 text).
 int CompareText(std::string_view a, std::string_view b);
+/// True when CompareText gives 0.
 bool EqualText(std::string_view a, std::string_view b);
 /// Equal for every two texts that compare equal.
 std::size_t HashText(std::string_view text);
 
 /// Function objects for containers keyed by text in the store's order.
 struct TextLess {
-  using is_transparent = void;
+  using is_transparent = void;  ///< lookups by std::string_view need no string
+  /// a sorts before b.
   bool operator()(std::string_view a, std::string_view b) const { return CompareText(a, b) < 0; }
 };
+/// Equality in the store's order, for unordered containers keyed by text.
 struct TextEqual {
-  using is_transparent = void;
+  using is_transparent = void;  ///< lookups by std::string_view need no string
+  /// a equals b (EqualText).
   bool operator()(std::string_view a, std::string_view b) const { return EqualText(a, b); }
 };
+/// A hash equal for texts that compare equal, for unordered containers keyed by text.
 struct TextHash {
-  using is_transparent = void;
+  using is_transparent = void;  ///< lookups by std::string_view need no string
+  /// HashText of the text.
   std::size_t operator()(std::string_view text) const { return HashText(text); }
 };
 
