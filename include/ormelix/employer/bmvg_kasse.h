@@ -12,9 +12,15 @@ namespace ormelix {
 /// clsMandant_BMVG_Kasse::Update.
 class clsBMVG_Kasse {
  public:
+  /// The key of the catalogue row.
   const std::string& ID() const { return id_; }
   /// The number that identifies the fund (a text column).
   const std::string& Leitzahl() const { return leitzahl_; }
+  /// \name The fund's data (columns of BMVG_Kassen of their own name)
+  ///@{
+
+  /// Name, clerk, address, telephone, institute, whether it is the construction
+  /// workers' fund, and a remark; read-only.
   const std::string& Name() const { return name_; }
   const std::string& Sachbearbeiter() const { return sachbearbeiter_; }
   const std::string& Strasse() const { return strasse_; }
@@ -24,11 +30,19 @@ class clsBMVG_Kasse {
   const std::string& Institut() const { return institut_; }
   bool Bauarbeiter_Kasse() const { return bauarbeiter_kasse_; }
   const std::string& Anmerkung() const { return anmerkung_; }
+  ///@}
 
+  /// \name The stores
+  ///@{
+
+  /// The payroll store (whose presence Load checks) and the reference store (which
+  /// Load reads). clsMandant_BMVG_Kasse hands both to the fund it owns; a caller
+  /// that makes its own fund hands them itself.
   void InitLohnDB(const StoreConnectionPtr& pDatabase) { lohn_db_ = pDatabase; }
   void InitImportDB(const StoreConnectionPtr& pDatabase) { import_db_ = pDatabase; }
+  ///@}
 
-  /// Reads the fund whose Leitzahl is pID. pID goes through ToLong on its way into
+  /// Reads the fund whose Leitzahl is pID from BMVG_Kassen of the reference store. pID goes through ToLong on its way into
   /// the statement, so leading zeros are lost ("07100" looks for "7100"), and a
   /// text that is no number is a ConversionError. No such fund clears the object
   /// and gives False.

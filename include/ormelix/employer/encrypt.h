@@ -45,6 +45,7 @@ std::string EncryptPassword(std::string_view pText);
 /// Windows-1252 and UTF-8. A character outside Windows-1252 (and a byte that is no
 /// valid UTF-8) becomes '?'; the undefined bytes map to U+0081 etc. and back.
 std::string ToWindows1252(std::string_view utf8);
+/// Windows-1252 bytes back to UTF-8 (the undefined bytes to U+0081 and so on).
 std::string FromWindows1252(std::string_view bytes);
 
 }  // namespace ormelix

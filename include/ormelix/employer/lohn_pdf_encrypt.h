@@ -14,6 +14,8 @@ class LLohn_PDFEncrypt {
  public:
   /// A plain property: no load or save reads or writes it.
   std::string ID;
+  /// The password, plain; the column VSPassword of the employee's row holds it
+  /// through EncryptPassword.
   std::string VSPassword;
 };
 

@@ -8,6 +8,9 @@ namespace ormelix {
 
 class clsMandant;
 
+/// \brief The employer's bank details: read from Mandanten_Bankverbindung, saved into
+/// Mandanten_BMVG_Kasse (clsMandant::Bankverbindung).
+///
 /// The employer's bank connection.
 ///
 /// The record is read from Mandanten_Bankverbindung but saved into
@@ -19,6 +22,11 @@ class clsMandant_Bankverbindung {
  public:
   /// The key of the row, kept in its literal form (SqlID).
   std::string ID;
+  /// \name Bank details (columns of their own name)
+  ///@{
+
+  /// The bank's name, a remark, the identifiers for payment files, BIC and IBAN:
+  /// columns of their own name, texts as they stand.
   std::string Bank;
   std::string Kommentar;
   /// Recipient and sender identifiers for payment files.
@@ -26,6 +34,7 @@ class clsMandant_Bankverbindung {
   std::string AbsKennung;
   std::string BIC;
   std::string IBAN;
+  ///@}
 
   /// \cond INTERNAL
   // Library-internal: clsMandant hands over the pay store and loads the record.

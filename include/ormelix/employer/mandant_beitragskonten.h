@@ -10,10 +10,17 @@
 
 namespace ormelix {
 
+/// One contribution account of the employer with a social-insurance carrier: a row
+/// of Mandanten_Beitragskonten joined with its row of Versicherungsträger; read-only.
 class clsMandant_Beitragskonto {
  public:
+  /// The key of the account's row.
   const std::string& ID() const { return id_; }
-  /// The carrier: its key and its data.
+  /// \name The carrier
+  ///@{
+
+  /// The carrier: its key (column VTID) and its data from Versicherungsträger
+  /// (Code, Bezeichnung, Kurzbezeichnung, Straße, PLZ, Ort, Bank, IBAN, BIC).
   const std::string& VTID() const { return vtid_; }
   const std::string& VT_Code() const { return vt_code_; }
   const std::string& VT_Bezeichnung() const { return vt_bezeichnung_; }
@@ -24,11 +31,16 @@ class clsMandant_Beitragskonto {
   const std::string& VT_Bank() const { return vt_bank_; }
   const std::string& VT_IBAN() const { return vt_iban_; }
   const std::string& VT_BIC() const { return vt_bic_; }
+  ///@}
+  /// \name The account
+  ///@{
+
   /// The account number, a remark, and the mark of the employer's standard account
   /// (only handed out: two accounts may both carry it, or none).
   const std::string& BKNR() const { return bknr_; }
   const std::string& Anmerkung() const { return anmerkung_; }
   bool Standard() const { return standard_; }
+  ///@}
 
  private:
   friend class clsMandant_Beitragskonten;
@@ -56,19 +68,22 @@ class clsMandant_Beitragskonto {
 /// Versicherungsträger; the library only reads them.
 class clsMandant_Beitragskonten {
  public:
+  /// An account, shared.
   using Ptr = std::shared_ptr<clsMandant_Beitragskonto>;
 
   /// With a position (from 1) or key, the account there; one that is not there is
   /// a KeyNotFound. With an empty index, or on an empty list, a new empty account
   /// that belongs to no list.
   Ptr Item(const Variant& pIndex) const;
+  /// The number of accounts loaded.
   long Count() const { return accounts_.Count(); }
   /// True if the account found under pIndex has pIndex as its ID, so meant for
   /// keys: a position, an unknown key and a key in other letter case give False.
   /// Never fails. An empty pIndex gives True, as Item("") hands out an empty
   /// account whose ID is empty too.
   bool Exist(const Variant& pIndex) const;
-  /// Loads again for the employer of the last load; False before any load.
+  /// Loads again for the employer of the last load; False before any load. Reads
+  /// tables Mandanten_Beitragskonten and Versicherungsträger.
   bool Refresh();
   /// True if the accounts belong to more than one carrier: some account has a
   /// carrier code other than the non-empty code of the account before it.
@@ -82,9 +97,13 @@ class clsMandant_Beitragskonten {
   bool LoadMandantBeitragskonten(const std::string& pID);
   /// \endcond
 
+  /// \name Iteration
+  ///@{
+
   /// The accounts in the order they were entered (NewEnum).
   auto begin() const { return accounts_.begin(); }
   auto end() const { return accounts_.end(); }
+  ///@}
 
  private:
   StoreConnectionPtr lohn_db_;

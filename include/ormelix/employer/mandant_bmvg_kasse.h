@@ -21,10 +21,11 @@ class clsMandant;
 /// fund found writes its Leitzahl into the column.
 class clsMandant_BMVG_Kasse {
  public:
-  std::string ID;
+  std::string ID;  ///< the key of the row, in its SqlID form
 
   /// The fund, created with the record; a caller may put another in its place.
   const std::shared_ptr<clsBMVG_Kasse>& Kasse() const { return kasse_; }
+  /// Puts another fund object in the place of Kasse (not saved by itself).
   void SetKasse(std::shared_ptr<clsBMVG_Kasse> pKasse) { kasse_ = std::move(pKasse); }
 
   /// \cond INTERNAL
@@ -33,12 +34,12 @@ class clsMandant_BMVG_Kasse {
   void InitImportDB(const StoreConnectionPtr& pDatabase);
   /// \endcond
 
-  /// Reads the employer's row, then the fund whose Leitzahl its column BMVG_Kasse
+  /// Reads the employer's row of Mandanten_BMVG_Kasse, then the fund (BMVG_Kassen) whose Leitzahl its column BMVG_Kasse
   /// holds (no such fund clears Kasse). No row (or no store) changes nothing and
   /// gives False.
   bool Load(const std::string& pID);
 
-  /// Writes the record for the employer pMandant: with pBMVG_Kasse the column
+  /// Writes the record for the employer pMandant into Mandanten_BMVG_Kasse: with pBMVG_Kasse the column
   /// BMVG_Kasse gets its ID, without it the column stays as it is (empty on a new
   /// row). False, touching nothing, without an employer, without a key on either
   /// side, or without a store. A record without a key selects the whole table: a

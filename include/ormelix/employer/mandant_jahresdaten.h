@@ -9,7 +9,13 @@ namespace ormelix {
 
 class clsMandant;
 
-enum eMandantAbrechnungsart { eMANone = 0, eMASelbstabrechner = 1, eMAVorschreibebetrieb = 2 };
+/// The employer's way of accounting with the social insurance: the column
+/// Abrechnungsart of Mandanten_Jahresdaten.
+enum eMandantAbrechnungsart {
+  eMANone = 0,               ///< none chosen
+  eMASelbstabrechner = 1,    ///< the employer reckons its contributions itself
+  eMAVorschreibebetrieb = 2  ///< the carrier prescribes the contributions
+};
 
 /// What an employer settles for one calendar year, a row of
 /// Mandanten_Jahresdaten per employer and year.
@@ -27,16 +33,21 @@ enum eMandantAbrechnungsart { eMANone = 0, eMASelbstabrechner = 1, eMAVorschreib
 /// loaded row fails with a StoreError that names the statement.
 class clsMandant_Jahresdaten {
  public:
-  std::string ID;
+  std::string ID;  ///< the key of the row (of the year loaded last)
+  /// \name Levies of marginal employees
+  ///@{
+
   /// Provision-fund contribution and social-insurance levy of marginal employees
-  /// paid at the end of the year.
+  /// paid at the end of the year: columns MVAbgabe_Geringfuegig_am_Jahresende and
+  /// SVAbgabe_Geringfuegig_am_Jahresende.
   bool MVAbgabe_GF_am_Jahresende = false;
   bool SVAbgabe_GF_am_Jahresende = false;
+  ///@}
   /// The federal state of the levy DZ.
   std::int16_t DZBundesland = 0;
   /// A reduced DB rate applies.
   bool DBSenkung = false;
-  eMandantAbrechnungsart Abrechnungsart = eMANone;
+  eMandantAbrechnungsart Abrechnungsart = eMANone;  ///< the kind of accounting
 
   /// The year of the last load (no property of its own; written on a new row only).
   std::int16_t Jahr() const { return jahr_; }
@@ -49,8 +60,9 @@ class clsMandant_Jahresdaten {
   bool LoadMandantJahresdaten(const std::string& pID, std::int16_t pJahr);
   /// \endcond
 
-  /// Writes the record for the employer pMandant; see the header note on its
-  /// statement. False, touching nothing, without an employer, without a key on
+  /// Writes the record for the employer pMandant into Mandanten_Jahresdaten; see the
+  /// class note on its statement: a loaded row (one with an ID) is refused by the
+  /// store with a StoreError. False, touching nothing, without an employer, without a key on
   /// either side, or without a store. A new row gets MandantenID and Jahr.
   bool Update(const clsMandant* pMandant = nullptr);
 

@@ -22,9 +22,14 @@ class clsMandant;
 /// stood. A host that wants the municipality found writes its number into the column.
 class clsMandant_Kommunal {
  public:
-  std::string ID;
+  std::string ID;  ///< the key of the row, in its SqlID form
   /// A number the library only keeps.
   std::int16_t Kommunal = 0;
+  /// \name The office (columns of Mandanten_Kommunal of their own name)
+  ///@{
+
+  /// Name, addition, street, postcode, place, telephone and DVR number of the
+  /// office, texts as they stand.
   std::string Name;
   std::string Zusatz;
   std::string Strasse;
@@ -32,14 +37,26 @@ class clsMandant_Kommunal {
   std::string Ort;
   std::string Telefon;
   std::string DVR;
-  /// Municipal tax number and the levy accounts of municipal tax and underground levy.
+  ///@}
+  /// \name Municipal tax (columns of their own name)
+  ///@{
+
+  /// Municipal tax number and the levy accounts of municipal tax and underground
+  /// levy.
   std::string KommStNr;
   std::string Abgabenkonto_KommSt;
   std::string Abgabenkonto_UBahn;
+  ///@}
+  /// The place of business for municipal tax.
   std::string Betriebsort;
+  /// \name The office's bank (columns of their own name)
+  ///@{
+
+  /// Bank name, IBAN and BIC.
   std::string Bank;
   std::string IBAN;
   std::string BIC;
+  ///@}
 
   /// The municipality, created with the record.
   const std::shared_ptr<clsGemeinde>& Gemeinde() const { return gemeinde_; }
@@ -53,7 +70,8 @@ class clsMandant_Kommunal {
   bool LoadMandantKommunal(const std::string& pID);
   /// \endcond
 
-  /// Writes the record for the employer pMandant, and with pGemeinde the column
+  /// Writes the record for the employer pMandant into Mandanten_Kommunal, and with
+  /// pGemeinde the column
   /// Gemeinde (pGemeinde's ID); without it the column stays as it is. The result is
   /// the text "True" after a save and "False" when there was none (no employer, no
   /// key on either side, no store). A record without a key selects the whole table:

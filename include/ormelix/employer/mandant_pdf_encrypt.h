@@ -8,6 +8,8 @@ namespace ormelix {
 
 class clsMandant;
 
+/// Which password protects an employee's pay documents: the column
+/// VSPasswordOption of Mandanten_PDFEncrypt.
 enum eVSPasswordOption {
   eVSPOSVNummer = 0,               ///< the employee's social insurance number
   eVSPOSIndividual = 1,            ///< one password of the employer
@@ -22,10 +24,12 @@ enum eVSPasswordOption {
 /// encrypt.h): a character outside Windows-1252 comes back as '?'.
 class clsMandant_PDFEncrypt {
  public:
-  std::string ID;
+  std::string ID;  ///< the key of the row, in its SqlID form
   /// Protect the documents.
   bool EncryptVS = false;
-  eVSPasswordOption VSPasswordOption = eVSPOSVNummer;
+  eVSPasswordOption VSPasswordOption = eVSPOSVNummer;  ///< which password applies
+  /// The employer's password (eVSPOSIndividual): plain here, stored through
+  /// EncryptPassword in the column VSPassword.
   std::string VSPassword;
 
   /// \cond INTERNAL
@@ -35,7 +39,7 @@ class clsMandant_PDFEncrypt {
   bool LoadMandantPDFEncrypt(const std::string& pID);
   /// \endcond
 
-  /// Writes the record for the employer pMandant; VSPassword in the object stays
+  /// Writes the record for the employer pMandant into Mandanten_PDFEncrypt; VSPassword in the object stays
   /// plain. False, touching nothing, without an employer, without a key on either
   /// side, or without a store. A record without a key selects the whole table: a
   /// row is added only to an empty table, and otherwise the first row is

@@ -9,6 +9,8 @@
 
 namespace ormelix {
 
+/// What shows a message to the user: standard error by default, a message box in a
+/// host with a user interface.
 using MessageSink = std::function<void(const std::string& message)>;
 
 /// Replaces the sink; an empty function restores the default (standard error).

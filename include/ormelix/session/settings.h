@@ -14,6 +14,7 @@ namespace ormelix {
 /// close the table are shown through the message sink and never stop the operation.
 class clsSettings {
  public:
+  /// A settings table without a database; the session gives it one.
   clsSettings() = default;
   ~clsSettings();
   clsSettings(const clsSettings&) = delete;
@@ -21,12 +22,16 @@ class clsSettings {
 
   /// The stored value in its own type, or pDefaultValue when no row matches;
   /// Empty when there is no database. Without a sub-field any row of the section
-  /// and field matches, and the first one counts.
+  /// and field matches, and the first one counts. Reads table Settings.
   Variant GetValue(const std::string& pSection, const std::string& pField, const Variant& pDefaultValue = {},
                    const std::string& pSubField = "");
+  /// True if a row of the section, field (and sub-field) exists. Reads table Settings.
   bool ExistValue(const std::string& pSection, const std::string& pField, const std::string& pSubField = "");
+  /// Writes the value (Empty as Null) to the first row that matches, or to a new row
+  /// (one write transaction). Writes table Settings.
   void SetValue(const std::string& pSection, const std::string& pField, const Variant& pValue,
                 const std::string& pSubField = "");
+  /// Deletes the first row that matches, if any. Writes table Settings.
   void DeleteValue(const std::string& pSection, const std::string& pField, const std::string& pSubField = "");
 
   /// \cond INTERNAL

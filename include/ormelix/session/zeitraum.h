@@ -12,13 +12,15 @@ namespace ormelix {
 /// last two and the first four characters of the key.
 class clsZeitraum {
  public:
-  std::int32_t Item = 0;
+  std::int32_t Item = 0;  ///< the key, yyyymm (0 until set)
 
   /// Item becomes the year printed with "0000" followed by the month with "00".
   void Add(std::int16_t pMonth, std::int16_t pYear);
   /// Item becomes the year followed by the month, in plain decimal.
   void AddDate(Date pDate);
+  /// The month: the last two characters of the key as text (so 20243 gives 43).
   std::int16_t GetMonth() const;
+  /// The year: the first four characters of the key as text.
   std::int16_t GetYear() const;
   /// Day 1 of GetYear/GetMonth; an impossible month runs on into later years.
   Date GetDate() const;
