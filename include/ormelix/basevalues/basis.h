@@ -20,8 +20,13 @@ namespace ormelix {
 /// It holds a complete set of statutory values, valid from its period until the
 /// next table of the folder begins, in eight sub-objects. Tables do not inherit
 /// from each other: what is not set in a table is zero.
+///
+/// Its row of Basiswerte_Zeittabelle holds Datum (the start period) and
+/// Bezeichnung; each sub-object has tables of its own below it (see SW, LST, SA,
+/// PP, FB, DG, DGM, ALV), with cascading deletes.
 class LBasis {
  public:
+  /// A blank table with its eight sub-objects, not saved.
   LBasis();
 
   /// The key in the form SqlID gives; "" until saved.
@@ -31,8 +36,15 @@ class LBasis {
   const std::shared_ptr<clsZeitraum>& Zeitraum() const { return zeitraum_; }
   /// The first day of the start period.
   Date Datum_Von() const;
-  std::string Bezeichnung;
+  std::string Bezeichnung;  ///< the table's name (column Bezeichnung)
 
+  /// \name The eight sub-objects
+  ///@{
+
+  /// The sub-objects, created with the table and never replaced: wage-group rates
+  /// (SW), wage-tax bands (LST), contribution rates (SA), commuter allowances (PP),
+  /// allowances and deductions (FB), employer contributions (DG), marginal
+  /// employment (DGM) and unemployment-insurance bounds (ALV).
   const std::shared_ptr<LBasis_SW>& SW() const { return sw_; }
   const std::shared_ptr<LBasis_LST>& LST() const { return lst_; }
   const std::shared_ptr<LBasis_SA>& SA() const { return sa_; }
@@ -41,10 +53,13 @@ class LBasis {
   const std::shared_ptr<LBasis_DG>& DG() const { return dg_; }
   const std::shared_ptr<LBasis_DG_GF>& DGM() const { return dgm_; }
   const std::shared_ptr<LBasis_ALV>& ALV() const { return alv_; }
+  ///@}
 
-  /// Writes the table row and all eight sub-objects, under the table's own folder.
+  /// Writes the table row and all eight sub-objects, under the table's own folder:
+  /// Basiswerte_Zeittabelle and its sub-tables.
   void Update();
   /// Reads the row and all eight sub-objects again; what was not saved is lost.
+  /// Reads Basiswerte_Zeittabelle and its sub-tables.
   /// The wage-tax bands are appended to those in memory (call LST()->Clear() first).
   void Refresh();
 

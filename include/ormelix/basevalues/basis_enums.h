@@ -92,7 +92,12 @@ enum eBasisDGDienstnehmergruppe {
 
 /// The total length of an apprenticeship: the index of the apprentice arrays and the
 /// column SortNr of the apprentice rows.
-enum eBasisLehrjahre { eBasis2Lehrjahre = 1, eBasis3Lehrjahre = 2, eBasis35Lehrjahre = 3, eBasis4Lehrjahre = 4 };
+enum eBasisLehrjahre {
+  eBasis2Lehrjahre = 1,   ///< two years
+  eBasis3Lehrjahre = 2,   ///< three years
+  eBasis35Lehrjahre = 3,  ///< three and a half years
+  eBasis4Lehrjahre = 4    ///< four years
+};
 
 /// The provinces: the index of LBasis_DG::DZBL, columns DZBL_B to DZBL_W. Of fixed
 /// width, as the employee's year data stores a province as a 32-bit number.

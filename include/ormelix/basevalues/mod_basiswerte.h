@@ -58,13 +58,31 @@ void InsertZeittabelleSorted(clsManager& pManager, Collection<LBasis>& pCollecti
 
 // ---- the eight sub-objects, each under the ID of its dated table
 
+/// \name Sub-objects of a dated table
+///@{
+
+/// Load...: reads the sub-object's rows of the dated table pZeittabellenID (a
+/// table without a row leaves the object as it stands). Save...: writes them,
+/// inserting the rows a table lacks. SW: Basiswerte_Zeittabelle_SW and _SW_Werte;
+/// LST: Basiswerte_Zeittabelle_LST; SA: _SA and _SA_Werte; PP: _PP; FB: _FB;
+/// ALV: _ALV; DG: _DG and _DG_Werte.
 void LoadBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeittabellenID);
 void SaveBasisSW(clsManager& pManager, LBasis_SW& pSW, const std::string& pZeittabellenID);
 void LoadBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZeittabellenID);
 void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZeittabellenID);
-/// The bands of an LST row: appended on load, deleted and rewritten on save.
+///@}
+/// \name Wage-tax bands
+///@{
+
+/// The bands of an LST row (Basiswerte_Zeittabelle_LST_Werte): appended on load,
+/// deleted and rewritten on save.
 void LoadBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID);
 void SaveBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID);
+///@}
+/// \name Sub-objects of a dated table, continued
+///@{
+
+/// As LoadBasisSW and SaveBasisSW, for SA, PP, FB, ALV and DG.
 void LoadBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeittabellenID);
 void SaveBasisSA(clsManager& pManager, LBasis_SA& pSA, const std::string& pZeittabellenID);
 void LoadBasisPP(clsManager& pManager, LBasis_PP& pPP, const std::string& pZeittabellenID);
@@ -75,8 +93,14 @@ void LoadBasisALV(clsManager& pManager, LBasis_ALV& pALV, const std::string& pZe
 void SaveBasisALV(clsManager& pManager, LBasis_ALV& pALV, const std::string& pZeittabellenID);
 void LoadBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeittabellenID);
 void SaveBasisDG(clsManager& pManager, LBasis_DG& pDG, const std::string& pZeittabellenID);
-/// The marginal-employment row also carries SA.GrenzbetragGeringBeschaeftigte.
+///@}
+/// \name Marginal employment
+///@{
+
+/// Basiswerte_Zeittabelle_DG_Geringfügig and _DG_Geringfügig_Werte. The
+/// marginal-employment row also carries SA.GrenzbetragGeringBeschaeftigte.
 void LoadBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID);
 void SaveBasisDGM(clsManager& pManager, LBasis_DG_GF& pDGM, LBasis_SA& pSA, const std::string& pZeittabellenID);
+///@}
 
 }  // namespace ormelix::modBasiswerte
