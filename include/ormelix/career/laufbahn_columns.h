@@ -13,6 +13,8 @@
 
 namespace ormelix {
 
+/// The columns of Mitarbeiter_Laufbahn after ID, Schritt, Datum and Grund, in the
+/// order of reading (see the file).
 const ColumnSet<LLohn_Laufbahn>& LaufbahnColumns();
 
 }  // namespace ormelix

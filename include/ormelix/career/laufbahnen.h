@@ -37,11 +37,40 @@ enum eAusgabeLaufbahnen : std::int32_t {
 ///
 /// Lists made by LaufbahnschritteImZeitraum and LaufbahnschritteImMonat are further
 /// objects of this class, holding the steps of this career plus steps made in memory.
+///
+/// Reads table Mitarbeiter_Laufbahn (the host writes it; the library writes back only
+/// the Bef_ figures, UpdateBef), with DM_Austrittsgründe of the reference store, and
+/// Mitarbeiter_Beitragskonto for the changes of contribution account.
+///
+/// What a query gives when it finds nothing (the fall-backs a host must know):
+/// - Item: a position outside the list, or a text that is no ID, gives the end
+///   marker: one blank step shared by every such call and living as long as the
+///   list (a position past the end first sets its WochengeldDatumEnde to the Datum
+///   of the last step, so whoever holds it sees the date of the last call). An
+///   unknown well-formed ID is KeyNotFound.
+/// - Laufbahnschritt, LaufbahnschrittDate, IsEintritt, IsDVRuht (pRetLaufbahn):
+///   a fresh blank step (Schritt eLBNone, Zeitraum 189912), also without a session.
+/// - Eintritt and Austritt do not give a blank step when their filter finds
+///   nothing but one on the other side: Eintritt the earliest entry of all (after
+///   the month), Austritt(pkleiner) the earliest exit of all, Austritt() the latest
+///   exit. Only a career without such a step at all gives a blank step.
+/// - Letzten_Eintritt: a blank step without entries or without a session;
+///   Letzten_Austritt: a blank step without exits, but no object (nullptr) without
+///   a session.
+/// - LaufbahnschritteImZeitraum and LaufbahnschritteImMonat: no object (nullptr)
+///   without a session. The list of LaufbahnschritteImZeitraum has no session of
+///   its own, so the store queries on it give blank steps; that of
+///   LaufbahnschritteImMonat is bound to this session (unbound when the store has
+///   no step at all).
+/// - The position walkers give 0 for none.
 class LLohn_Laufbahnen {
  public:
+  /// A step, shared: the object of the list, not a copy.
   using StepPtr = std::shared_ptr<LLohn_Laufbahn>;
+  /// A list of steps, shared.
   using ListPtr = std::shared_ptr<LLohn_Laufbahnen>;
 
+  /// An empty career without session; LLohn binds its own at LoadMitarbeiter.
   LLohn_Laufbahnen();
 
   /// Adds the step under its ID, before the position or key pBefore or after pAfter
@@ -53,16 +82,17 @@ class LLohn_Laufbahnen {
   /// DM_Austrittsgründe of the reference store (no reasons when the session has no
   /// reference store). A row whose Datum is Null or no date, or whose column cannot
   /// be read, is a StoreError naming table, column and the row's ID; the list is
-  /// then left empty.
+  /// then left empty. Reads Mitarbeiter_Laufbahn (and DM_Austrittsgründe).
   void Load();
 
   /// Writes the Bef_ figures of the step to its row. Bef_Tage goes to both Bef_Tage
   /// columns; both Bef_EL_Kalendertage columns get ELKalendertage (what their
   /// getters give). False, never a failure, when the step is unset, its row is gone
-  /// or the store refuses the write.
+  /// or the store refuses the write. Writes the step's row of Mitarbeiter_Laufbahn.
   bool UpdateBef(const StepPtr& pLaufbahn);
   /// Removes by position or key; False, never a failure, for one not in the list.
   bool Remove(const Variant& pIndex);
+  /// Empties the list in memory; nothing is deleted in the store.
   void Clear();
 
   /// The step at a position from 1 or with an ID. Any position outside the list
@@ -70,46 +100,66 @@ class LLohn_Laufbahnen {
   /// as long as the list; a position past the end first sets its
   /// WochengeldDatumEnde to the Datum of the last step. An unknown ID is KeyNotFound.
   StepPtr Item(const Variant& pIndex) const;
+  /// The number of steps in the list.
   long Count() const { return steps_.Count(); }
+  /// \name Iteration
+  ///@{
+
+  /// The steps in list order (date order after Load).
   Collection<LLohn_Laufbahn>::const_iterator begin() const { return steps_.begin(); }
   Collection<LLohn_Laufbahn>::const_iterator end() const { return steps_.end(); }
+  ///@}
+
+  /// \name Position walkers, forward (the loaded list only)
+  ///@{
 
   /// The position walkers: a position, 0 for none or for a pIndex below 1.
-  /// Next...: from pIndex + 1 up to Count; the first entry (exit).
+  /// Next...: from pIndex + 1 up to Count; the first entry (exit). AustrittImZeitraum
+  /// is NextAustritt under another name.
   std::int16_t NextEintritt(std::int16_t pIndex) const;
   std::int16_t NextAustritt(std::int16_t pIndex) const;
   std::int16_t AustrittImZeitraum(std::int16_t pIndex) const;
+  ///@}
   /// From pIndex + 1 on: the last suspension passed before the first exit.
   std::int16_t NextAbmeldungImZeitraum(std::int16_t pIndex) const;
+  /// \name Position walkers, backward (the loaded list only)
+  ///@{
+
   /// From pIndex + 1 (sic: one place after pIndex) down to 1: the first entry (exit).
   /// With pIndex at Count or beyond, the first read is KeyNotFound.
   std::int16_t PreviousEintritt(std::int16_t pIndex) const;
   std::int16_t PreviousAustritt(std::int16_t pIndex) const;
+  ///@}
   /// From pIndex - 1 down to 1: the last suspension passed before the first exit.
   std::int16_t PreviousAbmeldungImZeitraum(std::int16_t pIndex) const;
 
   /// The step in force at the month's boundary: the latest step (of one day the one
   /// with the highest Nr) up to the last day of the month; with pPrüfeAb1DesMonats up
   /// to the first day, including it only with pPrüfeAb1DesMonateskleinergleich.
+  /// Reads Mitarbeiter_Laufbahn; a blank step when nothing matches.
   StepPtr Laufbahnschritt(std::int32_t pZeitraum, bool pPrüfeAb1DesMonats,
                           bool pPrüfeAb1DesMonateskleinergleich) const;
-  /// The latest step up to and including the day.
+  /// The latest step up to and including the day. Reads Mitarbeiter_Laufbahn; a
+  /// blank step when nothing matches.
   StepPtr LaufbahnschrittDate(Date pDatum) const;
   /// Does an entry (a suspension) decide the month? The earliest one of the month,
   /// or, when the month has none, the last step before the month if it is one.
-  /// pRetLaufbahn gets that step, or a blank one.
+  /// pRetLaufbahn gets that step, or a blank one. Reads Mitarbeiter_Laufbahn.
   bool IsEintritt(std::int32_t pZeitraum, StepPtr& pRetLaufbahn) const;
+  /// The same for a suspension (eLBDVRuht).
   bool IsDVRuht(std::int32_t pZeitraum, StepPtr& pRetLaufbahn) const;
 
   /// The steps that matter for a range of months, from the last step before its
   /// first month on, as a new list without session; with pBKZBerücksichtigen, with
   /// pairs of steps made around each change of contribution account. No object
-  /// when this career has no session.
+  /// when this career has no session. Reads Mitarbeiter_Laufbahn, and with
+  /// pBKZBerücksichtigen Mitarbeiter_Beitragskonto.
   ListPtr LaufbahnschritteImZeitraum(std::int32_t pVonZeitraum, std::int32_t pBisZeitraum, bool pBKZBerücksichtigen,
                                      eAusgabeLaufbahnen pAusgabeLaufbahn) const;
   /// The steps of a month with the step in force before it, ending with the exit
   /// of an entry that is the last step; a new list bound to this session (unbound
   /// when the store has no step at all). No object when this career has no session.
+  /// Reads Mitarbeiter_Laufbahn.
   ListPtr LaufbahnschritteImMonat(std::int32_t pZeitraum) const;
 
   /// The latest entry up to the end of the month; with none, the earliest entry.
@@ -119,6 +169,7 @@ class LLohn_Laufbahnen {
   /// pkleiner: the latest exit before the month, else the earliest exit of all.
   /// Otherwise: the earliest exit from the month's first day on, else the latest.
   StepPtr Austritt(std::int32_t pZeitraum, bool pkleiner) const;
+  /// The latest entry; a blank step without entries or without a session.
   StepPtr Letzten_Eintritt() const;
   /// The latest exit; no object when this career has no session.
   StepPtr Letzten_Austritt() const;

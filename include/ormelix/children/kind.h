@@ -16,24 +16,35 @@ namespace ormelix {
 ///
 /// Eingang, ZUab, Abgang and GetL16Daten read the store anew on each call; they need
 /// the session that LoadKind gives, and fail (Error) on a child that never had one.
+///
+/// A row of Mitarbeiter_Kinder (the host writes it; the library only reads it),
+/// with its entries of Mitarbeiter_Kinder_ZB.
 class LLohn_Kind {
  public:
+  /// A blank child with an empty history.
   LLohn_Kind() : zeitbezuege_(std::make_shared<LLohn_Kind_Zeitbezuege>()) {}
 
   /// Keeps the session, binds the history to it and to ID (which must be set
-  /// first), and loads the history.
+  /// first), and loads the history (reads Mitarbeiter_Kinder_ZB).
   void LoadKind(const std::shared_ptr<clsManager>& pManager);
 
-  std::string ID;
+  std::string ID;  ///< the key of the child's row
+  /// \name Personal data (Mitarbeiter_Kinder)
+  ///@{
+
+  /// First name, family name and insurance number (columns of their own name), and
+  /// the birth date as a day count (column GebDatum; Null reads as 0).
   std::string VorName;
   std::string Nachname;
   std::string VersNr;
   Date Geburtsdatum = 0;
+  ///@}
 
   /// VorName and Nachname with a blank between, trimmed.
   std::string Name() const;
 
-  /// For the current period (the session's AktJahr and AktMonat):
+  /// For the current period (the session's AktJahr and AktMonat), reading
+  /// Mitarbeiter_Kinder_ZB:
   /// Eingang: since when the sole-earner allowance has run for the child: the
   /// earliest period with AVAB since the last entry whose FB_Bezieher is Wegfall,
   /// 0 for none; retIsAVAE tells whether the allowance counts it. A child without
@@ -55,7 +66,7 @@ class LLohn_Kind {
   /// KEGFP) and the half (KBHFP, KEHFP) family bonus. The month the child turns 18
   /// ends the bonus unless FABO18; a bonus still running at the end of the span ends
   /// with its last month. True when an entry with an entitlement was seen. Every
-  /// output is reset first.
+  /// output is reset first. Reads Mitarbeiter_Kinder_ZB.
   bool GetL16Daten(std::int32_t pVonZeitraum, std::int32_t pBisZeitraum, std::string& KSTAAT, bool& KSTWE,
                    bool& KAFBZ, bool& KAPFB, bool& KAUHZ, std::int16_t& KBGFP, std::int16_t& KEGFP,
                    std::int16_t& KBHFP, std::int16_t& KEHFP) const;

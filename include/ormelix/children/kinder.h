@@ -30,20 +30,28 @@ class Recordset;
 /// - The family-bonus questions count a child up to and including the month it turns
 ///   18 (the month is reckoned from the birth date as a whole day number), and after
 ///   it only with FABO18.
+///
+/// Reads tables Mitarbeiter_Kinder and Mitarbeiter_Kinder_ZB (the host writes
+/// them). A question that finds nothing answers with an empty selection, never an
+/// unset one.
 class LLohn_Kinder {
  public:
+  /// A child, shared: the object of the list, not a copy.
   using KindPtr = std::shared_ptr<LLohn_Kind>;
   /// What a question answers: children of this list, each under its ID, in the
   /// order of the list. Never unset; empty when the list has no session.
   using Auswahl = Collection<LLohn_Kind>;
 
+  /// An empty list without session; LLohn binds its own at LoadMitarbeiter.
   LLohn_Kinder();
 
   /// Reads the employee's children by birth date, each with its history. A value
   /// that cannot be read (a birth date that is no date, a text in a numeric column)
   /// is a StoreError naming table, column and the row's ID; the list is then left
-  /// empty. A birth date that is Null reads as date 0.
+  /// empty. A birth date that is Null reads as date 0. Reads Mitarbeiter_Kinder and,
+  /// per child, Mitarbeiter_Kinder_ZB.
   void Load();
+  /// Empties the list in memory.
   void Clear();
   /// By position from 1 or by ID; KeyNotFound for one not in the list.
   const KindPtr& Item(const Variant& pIndex) const;
@@ -69,8 +77,14 @@ class LLohn_Kinder {
   /// entitlement, whose KFZ differs in upper case.
   Auswahl GetAVAEKinderAenderung(std::int32_t pZeitraum) const;
 
+  /// \name Iteration
+  ///@{
+
+  /// The children by birth date.
   Collection<LLohn_Kind>::const_iterator begin() const { return children_.begin(); }
   Collection<LLohn_Kind>::const_iterator end() const { return children_.end(); }
+  ///@}
+  /// The number of children.
   long Count() const { return children_.Count(); }
 
   /// \cond INTERNAL

@@ -10,7 +10,9 @@
 
 namespace ormelix {
 
+/// The columns of Mitarbeiter_Kinder as a load reads them.
 const ColumnSet<LLohn_Kind>& KindColumns();
+/// The columns of Mitarbeiter_Kinder_ZB as a load reads them.
 const ColumnSet<LLohn_Kind_Zeitbezug>& ZeitbezugColumns();
 
 }  // namespace ormelix

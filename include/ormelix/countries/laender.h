@@ -24,12 +24,16 @@ class clsLänder {
   /// Reads all countries in ascending HVB with their indicators in ascending
   /// Zeitraum, after emptying the list (so it may be repeated). Without a
   /// reference store it is an Error; a country whose EULand is Null is a
-  /// ConversionError that ends the load.
+  /// ConversionError that ends the load. Reads Länder and Länder_Indikatoren of
+  /// ImportDB.
   void Load();
+  /// Empties the list in memory.
   void Clear() { laender_.Clear(); }
   /// By position (a number, from 1) or key (the text of Code), in memory.
   void Remove(const Variant& pIndex) { laender_.Remove(pIndex); }
+  /// By position (a number, from 1) or key (the text of Code); KeyNotFound otherwise.
   const std::shared_ptr<clsLand>& Item(const Variant& pIndex) const { return laender_.Item(pIndex); }
+  /// The number of countries loaded.
   long Count() const { return laender_.Count(); }
 
   /// The last period of the indicator series, fixed in code: 202208.
@@ -40,11 +44,17 @@ class clsLänder {
   /// vehicle code (in any letter case). Null for an unknown code and for a period
   /// before the country's first indicator. The store is asked, but the objects come
   /// from the loaded list: before Load this is a KeyNotFound. The code goes into
-  /// the statement as it stands, so an apostrophe in it breaks the statement.
+  /// the statement as it stands, so an apostrophe in it breaks the statement. Reads
+  /// Länder and Länder_Indikatoren of the reference store.
   std::shared_ptr<clsLand_Indikator> GetIndikator(const std::string& pKFZ, std::int32_t pZeitraum) const;
 
+  /// \name Iteration
+  ///@{
+
+  /// The countries in ascending Code (HVB).
   auto begin() const { return laender_.begin(); }
   auto end() const { return laender_.end(); }
+  ///@}
 
  private:
   StoreSession& ReferenceStore() const;
