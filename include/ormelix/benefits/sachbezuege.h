@@ -30,7 +30,8 @@ class clsMitarbeiter_Sachbezüge {
   /// employee list (Mitarbeiter.Item; KeyNotFound for an ID the list does not hold).
   /// The result is always False, row or not: a found row shows as a non-empty ID.
   /// A period that is no yyyymm (year 1000..9999, month 1..12) is std::out_of_range
-  /// before anything is read or changed.
+  /// before anything is read or changed. Reads table Mitarbeiter_Sachbezüge (and,
+  /// without a row, the year data of the session's employee list).
   bool Load(const std::string& pMitarbeiterID, std::int32_t pZeitraum);
 
   /// Writes all value columns to a row of the kept employee, chosen by pNewPeriod:
@@ -45,13 +46,18 @@ class clsMitarbeiter_Sachbezüge {
   /// one row per employee and period. pRetID is taken by value: a new key does not
   /// reach the caller. A pNewPeriod other than 0, or the kept period, that is no
   /// yyyymm is std::out_of_range before anything is written (an object never
-  /// loaded has no kept period).
+  /// loaded has no kept period). Writes the row of Mitarbeiter_Sachbezüge, in one
+  /// write transaction.
   void Update(std::int32_t pNewPeriod = 0, std::string pRetID = "");
 
   /// The key of the loaded row; "" when the period had none.
   const std::string& ID() const { return id_; }
 
-  /// Board and lodging.
+  /// \name Board and lodging (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Board and lodging. Columns of their own name in the row of the employee and period:
+  /// flags by ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Volle_freie_Station = false;
   bool für_Ehegatten = false;
   bool für_Kinder_bis_6_Lj = false;
@@ -60,9 +66,15 @@ class clsMitarbeiter_Sachbezüge {
   std::int16_t Anzahl_Kinder_nicht_volljährig = 0;
   bool für_volljährige_Kinder = false;
   std::int16_t Anzahl_Kinder_volljährig = 0;
+  ///@}
 
-  /// Housing: Zehntelregelung counts tenths; Bundesland is an index from 0, one less
-  /// than eBasisBundesländer; Baujahr a four-digit year.
+  /// \name Housing (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Housing: Zehntelregelung counts tenths; Bundesland is an index from 0, one less than
+  /// eBasisBundesländer; Baujahr a four-digit year. Columns of their own name in the row
+  /// of the employee and period: flags by ToFlag, 16-bit numbers by ToInteger, amounts by
+  /// ToAmount (as they stand).
   std::int16_t Zehntelregelung = 0;
   bool Eigenheim = false;
   bool Hausbetreuer = false;
@@ -81,9 +93,15 @@ class clsMitarbeiter_Sachbezüge {
   double Kostenbeitrag = 0;
   double Dienst_bezahlt_Überlassungspreis = 0;
   bool Einschleifregelung = false;
+  ///@}
+
+  /// \name Company car and parking (Mitarbeiter_Sachbezüge)
+  ///@{
 
   /// Company car and parking: Anschaffungsjahr a four-digit year, Anschaffungsmonat a
-  /// month. Fahrzeug_mit_Chaffeur is spelt so in the column too.
+  /// month. Fahrzeug_mit_Chaffeur is spelt so in the column too. Columns of their own
+  /// name in the row of the employee and period: flags by ToFlag, 16-bit numbers by
+  /// ToInteger, amounts by ToAmount (as they stand).
   double privat_gefahrene_KM = 0;
   double Anschaffungskosten = 0;
   double Verkehrskostenersatz = 0;
@@ -99,55 +117,98 @@ class clsMitarbeiter_Sachbezüge {
   std::int16_t Anschaffungsjahr = 0;
   std::int16_t Anschaffungsmonat = 0;
   bool Auslaufmodell = false;
+  ///@}
 
-  /// Firewood.
+  /// \name Firewood (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Firewood. Columns of their own name in the row of the employee and period: flags by
+  /// ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Brennholzdeputate = false;
   double Hartholz = 0;
   double Weichholz = 0;
   double Sägeabfallholz_und_Astholz = 0;
   bool Übertragung_am_Stamm = false;
+  ///@}
 
-  /// Coal and coke.
+  /// \name Coal and coke (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Coal and coke. Columns of their own name in the row of the employee and period:
+  /// flags by ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Kohle_und_Koks = false;
   double Steinkohle = 0;
   double Briketts = 0;
   double Hüttenkoks = 0;
   bool Selbstabholung = false;
+  ///@}
 
-  /// Electricity.
+  /// \name Electricity (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Electricity. Columns of their own name in the row of the employee and period: flags
+  /// by ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   double Strom = 0;
+  ///@}
 
-  /// Flour.
+  /// \name Flour (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Flour. Columns of their own name in the row of the employee and period: flags by
+  /// ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Mahlprodukte = false;
   double Roggenmehl = 0;
   double Weizenmehl = 0;
   double Weizen_und_Maisgrieß = 0;
+  ///@}
 
-  /// Grain.
+  /// \name Grain (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Grain. Columns of their own name in the row of the employee and period: flags by
+  /// ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Getreide = false;
   double Roggen = 0;
   double Weizen_und_Futtergerste = 0;
   double Mais = 0;
+  ///@}
 
-  /// Meat.
+  /// \name Meat (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Meat. Columns of their own name in the row of the employee and period: flags by
+  /// ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Fleisch = false;
   double Schweinefleisch = 0;
   double Kalbfleisch = 0;
   double Rindfleisch = 0;
   double Schweinehälfte_im_Ganzen = 0;
   double Ferkel = 0;
+  ///@}
 
-  /// Other food.
+  /// \name Other food (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Other food. Columns of their own name in the row of the employee and period: flags
+  /// by ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   bool Sonstige_Lebensmittel = false;
   double Eier = 0;
   double Käse = 0;
   double Butter = 0;
   double Kartoffel = 0;
   double Vollmilch = 0;
+  ///@}
 
-  /// Other.
+  /// \name Other (Mitarbeiter_Sachbezüge)
+  ///@{
+
+  /// Other. Columns of their own name in the row of the employee and period: flags by
+  /// ToFlag, 16-bit numbers by ToInteger, amounts by ToAmount (as they stand).
   double Maschinenselbstkosten = 0;
   double Sonstige_Sachbezüge = 0;
+  ///@}
+
+
 
  private:
   void ResetToDefaults();

@@ -10,6 +10,7 @@
 
 namespace ormelix {
 
+/// The value columns of Mitarbeiter_Sachbezüge, in table order (see the file).
 const ColumnSet<clsMitarbeiter_Sachbezüge>& SachbezuegeColumns();
 
 }  // namespace ormelix

@@ -22,9 +22,22 @@ namespace ormelix {
 /// The record works on its own values alone: it refers to neither the employee nor
 /// the session. Reductions, rates, commission, leave pay and the apprentice and
 /// quarantine figures enter no calculation here; they are carried for the caller.
+///
+/// Table Mitarbeiter_Lohnzettel_Kurzarbeit, one row per pay row (LohnzettelID): read
+/// by LLohn::LoadMitarbeiter and Refresh for each month that has a pay row (no row
+/// leaves the record as it stands), written by LLohn::Update of the month, which
+/// inserts the row when there is none: every saved pay month gets its short-time
+/// row, blank or not. A figure that is NaN or infinite is refused before anything
+/// is written (ConversionError).
 class LLohn_Kurzarbeit {
  public:
-  /// ---- Stored values, in the order of the table's columns.
+  /// \name Stored values (Mitarbeiter_Lohnzettel_Kurzarbeit)
+  /// In the order of the table's columns, each the column of its own name:
+  /// amounts and hours double as they stand, dates day counts, flags -1/0.
+  ///@{
+
+  /// A stored value: the column of its own name in the row of
+  /// Mitarbeiter_Lohnzettel_Kurzarbeit below the month's pay row.
   bool IsKurzarbeit = false;
   /// Only part of the month is short-time work (from Beginndatum to the month's end,
   /// or from its first day to Endedatum).
@@ -91,8 +104,11 @@ class LLohn_Kurzarbeit {
   /// as it stands.
   bool IsKurzarbeitsbonus = false;
   double Kurzarbeitsbonus = 0;
+  ///@}
 
-  // ---- Computed figures (no column, never saved).
+  /// \name Computed figures
+  /// No column, never saved: each is worked out on every call.
+  ///@{
 
   /// SVBG and BVBG for the short-time days (whole in a month with a change of phase).
   double SVBGAliquot() const;
@@ -100,6 +116,7 @@ class LLohn_Kurzarbeit {
   /// The pay of the reference period: Überstundenpauschale + ReferenzGehalt +
   /// Sachbezug + the three reference amounts, added in this order.
   double Referenzentgelt() const;
+  /// The surcharge: MindestentgeltBruttoMitAufschlag - MindestentgeltBrutto.
   double MindestentgeltBruttoAufschlag() const { return MindestentgeltBruttoMitAufschlag - MindestentgeltBrutto; }
   /// The minimum pay (EFZEntgelt where that is above 0) for the short-time days, or
   /// Gehalt + GehaltWechsel where that is higher.
@@ -113,11 +130,15 @@ class LLohn_Kurzarbeit {
   /// For one paid by the hour: the hours of both phases, before short-time work, of
   /// leave, time off and quarantine; 0 for anyone else.
   double GesamtStunden() const;
+  ///@}
 
   // ---- Functions.
 
   /// pValue at the gross replacement rate: pValue / 100 (14 decimals) x Bruttoersatzrate.
   double ErmittleBruttoersatzrateFürBetrag(double pValue) const;
+  /// \name The aliquot parts of an amount
+  ///@{
+
   /// The part of pValue that falls into the short-time days, and the part outside
   /// them. With pMaxTage or pAliTage other than 0 both give pValue / pMaxTage x
   /// pAliTage; otherwise the days come from Beginndatum (a start after the 1st runs
@@ -125,6 +146,7 @@ class LLohn_Kurzarbeit {
   /// with a change of phase, or one wholly in short-time work, gives pValue and 0.
   double ErmittleAliquotBetragInKurzarbeit(double pValue, std::int16_t pMaxTage, std::int16_t pAliTage) const;
   double ErmittleAliquotBetragOhneKurzarbeit(double pValue, std::int16_t pMaxTage, std::int16_t pAliTage) const;
+  ///@}
   /// Calendar days of the month in which short-time work begins (28 to 31).
   double ErmittleMaxTage() const;
   /// Social-insurance days in short-time work: Endedatum - Beginndatum + 1 for part
