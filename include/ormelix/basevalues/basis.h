@@ -41,6 +41,8 @@ class LBasis {
   /// \name The eight sub-objects
   ///@{
 
+  /// The sub-objects, created with the table and never replaced.
+  ///
   /// The sub-objects, created with the table and never replaced: wage-group rates
   /// (SW), wage-tax bands (LST), contribution rates (SA), commuter allowances (PP),
   /// allowances and deductions (FB), employer contributions (DG), marginal

@@ -41,6 +41,8 @@ struct DGMRow {
 /// \name Column declarations
 ///@{
 
+/// The column declarations of the base-value tables.
+///
 /// The columns of a table of the base values, in table order, each with the
 /// property it feeds and its conversions: Basiswerte, Basiswerte_Zeittabelle and
 /// the sub-tables _SW, _SW_Werte, _LST, _LST_Werte, _SA, _SA_Werte, _PP, _FB, _ALV,
@@ -68,6 +70,8 @@ const ColumnSet<DGRow>& DGWerte2016Columns();
 /// \name Column declarations of marginal employment
 ///@{
 
+/// The column declarations of marginal employment.
+///
 /// The columns of Basiswerte_Zeittabelle_DG_Geringfügig (its Prozent and
 /// Grenzbetrag fill SA.GrenzbetragGeringBeschaeftigte) and of its two value rows.
 const ColumnSet<DGMHead>& DGMColumns();

@@ -27,6 +27,8 @@ class LBasis_DG_Wert {
   /// \name Groups 1 to 8 (SortNr 0)
   ///@{
 
+  /// The value of an employee group, 1 to 8.
+  ///
   /// The value of the employee group of that name (eBasisDGDienstnehmergruppe 1 to
   /// 8; Ferialpraktikant is group 5, the harvest hands).
   double Geschäftsführer = 0;
@@ -42,6 +44,8 @@ class LBasis_DG_Wert {
   /// \name Apprentices, groups 9 to 23 and 26 to 40
   ///@{
 
+  /// The values of an apprentice group, by length of apprenticeship.
+  ///
   /// The value of the apprentice group of that name (year 1 to 5 of the
   /// apprenticeship, and the 2016 groups) by total length of the apprenticeship,
   /// index 1 to 4 (eBasisLehrjahre, the column SortNr).
@@ -115,6 +119,8 @@ class LBasis_DG {
   /// \name Kinds of contribution
   ///@{
 
+  /// A kind of contribution (a column of the value rows).
+  ///
   /// The value objects of the social-insurance contribution on current pay and on
   /// special payments, and of the family-burden fund contribution (FALAST) and its
   /// reduced rate (FALASTLGV): the columns of their name (UBahn for U_Bahn).
@@ -127,6 +133,8 @@ class LBasis_DG {
   /// \name The family-burden fund rate of a group
   ///@{
 
+  /// The family-burden fund rate of the group, reduced or not.
+  ///
   /// FALASTLGV's value of the group with pDBSenkung, FALAST's without (the
   /// employer's DBSenkung of clsMandant_Jahresdaten says which).
   double GetFALASTGeschäftsführer(bool pDBSenkung) const;
@@ -141,6 +149,8 @@ class LBasis_DG {
   /// \name The family-burden fund rate of an apprentice group
   ///@{
 
+  /// The same for the apprentices at length pLehrjahr.
+  ///
   /// The same for the apprentices at length pLehrjahr; a bad index is
   /// std::out_of_range whatever the flag.
   double GetFALASTLehrlingArbeiter1(std::int16_t pLehrjahr, bool pDBSenkung) const;

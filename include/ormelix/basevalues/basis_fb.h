@@ -12,6 +12,8 @@ class LBasis_FB {
   /// \name Allowances and deductions (columns of their own name)
   ///@{
 
+  /// The allowance or deduction of that name.
+  ///
   /// The allowance or deduction of that name: income-related expenses, special
   /// expenses, the general, employee and commuter allowances, the raised commuter
   /// allowance and its phase-in bounds, the sole-earner and sole-parent allowances

@@ -70,6 +70,8 @@ class LBasis_LST {
   /// \name Statutory amounts (Basiswerte_Zeittabelle_LST)
   ///@{
 
+  /// The allowances of § 68 (1) and (6) EStG, the tax-free overtime pay of § 68 (2) and its upper limit.
+  ///
   /// The allowances of § 68 (1) and (6) EStG, the tax-free overtime pay of § 68 (2)
   /// and its upper limit: columns of their own name, 2 decimals on load.
   double FreibetragGemäß68Abs1EStG = 0;

@@ -46,6 +46,8 @@ class LBasis_SA {
   /// \name The insurance groups
   ///@{
 
+  /// The rates of an insurance group.
+  ///
   /// The rates of the insurance group of that name (eBasisSAVersicherungsgruppe),
   /// the same object each time. GrenzbetragGeringBeschaeftigte is the limit of
   /// marginal employment: its Prozent and Obergrenze lie in the row of
@@ -109,6 +111,8 @@ class LBasis_SA {
   /// \name Flat values (Basiswerte_Zeittabelle_SA)
   ///@{
 
+  /// A flat value of the contribution rates.
+  ///
   /// The service charge, the levy at the end of an employment and the contribution
   /// rate of temporary agency work: columns of their own name, read unrounded.
   double ServiceEntgelt = 0;

@@ -42,6 +42,8 @@ class LBasis_SW {
   /// \name The employee groups
   ///@{
 
+  /// The rates of an employee group.
+  ///
   /// The rates of the employee group of that name (eBasisSWDienstnehmergruppe),
   /// the same object each time. LehrlingArbeiter reads the row of group 3 and
   /// writes that of group 8 (see the class).

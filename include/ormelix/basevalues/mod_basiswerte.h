@@ -61,6 +61,8 @@ void InsertZeittabelleSorted(clsManager& pManager, Collection<LBasis>& pCollecti
 /// \name Sub-objects of a dated table
 ///@{
 
+/// Reads or writes a sub-object of a dated table.
+///
 /// Load...: reads the sub-object's rows of the dated table pZeittabellenID (a
 /// table without a row leaves the object as it stands). Save...: writes them,
 /// inserting the rows a table lacks. SW: Basiswerte_Zeittabelle_SW and _SW_Werte;
@@ -74,6 +76,8 @@ void SaveBasisLST(clsManager& pManager, LBasis_LST& pLST, const std::string& pZe
 /// \name Wage-tax bands
 ///@{
 
+/// The bands of an LST row (Basiswerte_Zeittabelle_LST_Werte).
+///
 /// The bands of an LST row (Basiswerte_Zeittabelle_LST_Werte): appended on load,
 /// deleted and rewritten on save.
 void LoadBasisLSTWerte(clsManager& pManager, LBasis_LST& pLST, const std::string& pLohnsteuerID);

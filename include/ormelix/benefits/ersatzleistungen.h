@@ -38,6 +38,8 @@ class LLohn_Ersatzleistung {
   /// \name Unemployment insurance
   ///@{
 
+  /// The step (ALV_Index), the basis and the contribution of unemployment insurance.
+  ///
   /// The step (ALV_Index), the basis and the contribution of unemployment
   /// insurance; amounts double as the caller set them, stored as they stand.
   std::int16_t ALV_Index = 0;
@@ -47,6 +49,8 @@ class LLohn_Ersatzleistung {
   /// \name Social insurance, current
   ///@{
 
+  /// The basis and the employee's (DN) and employer's (DG) contribution on current pay.
+  ///
   /// The basis and the employee's (DN) and employer's (DG) contribution on current
   /// pay; stored as they stand.
   double SV_Laufend_Basis = 0;
@@ -58,6 +62,8 @@ class LLohn_Ersatzleistung {
   /// \name Further contributions
   ///@{
 
+  /// A further contribution of the benefit.
+  ///
   /// The N70 contributions (employee's and employer's), the relief for new
   /// businesses (NeuFög), the contribution SV_Laufend_DGA, the A22 basis and
   /// amount, and the provision-fund basis, amount, surcharge and percentage

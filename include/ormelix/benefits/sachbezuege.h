@@ -71,6 +71,8 @@ class clsMitarbeiter_Sachbezüge {
   /// \name Housing (Mitarbeiter_Sachbezüge)
   ///@{
 
+  /// Housing: Zehntelregelung counts tenths.
+  ///
   /// Housing: Zehntelregelung counts tenths; Bundesland is an index from 0, one less than
   /// eBasisBundesländer; Baujahr a four-digit year. Columns of their own name in the row
   /// of the employee and period: flags by ToFlag, 16-bit numbers by ToInteger, amounts by

@@ -41,6 +41,8 @@ class LLohn_Laufbahn {
   /// \name The employment
   ///@{
 
+  /// Fixed-term (until BefristetBis, a day count), casual employment, and the gross salary.
+  ///
   /// Fixed-term (until BefristetBis, a day count), casual employment, and the gross
   /// salary: columns of their own name.
   bool BefristetBeschäftigt = false;
@@ -51,6 +53,8 @@ class LLohn_Laufbahn {
   /// \name The exit reason
   ///@{
 
+  /// The exit reason from the catalogue.
+  ///
   /// The exit reason from the catalogue: Code + 1 (0 for none), the Code (Null for
   /// none; Empty on a step that was never loaded), its short form and text. The
   /// column Grund holds the Code; the rest comes from DM_Austrittsgründe of the
@@ -64,6 +68,8 @@ class LLohn_Laufbahn {
   /// \name Severance, maternity pay, parental leave
   ///@{
 
+  /// Severance, maternity-pay basis and parental leave of the step.
+  ///
   /// The new severance scheme (flag, day and percentage), the basis of maternity
   /// pay and a voluntary extension of parental leave: columns of their own name.
   bool AbfertigungNeu = false;
@@ -84,6 +90,8 @@ class LLohn_Laufbahn {
   /// \name Pay figures of the wage slip (read only)
   ///@{
 
+  /// A figure for the annual wage slip, read only.
+  ///
   /// Figures for the annual wage slip (gross pay, pay by § 67 (1, 2), (3 to 8),
   /// other pay, contributions of code 220): columns of their own name (sic:
   /// Sosntige_...), read by the load and never written by the library.
@@ -96,6 +104,8 @@ class LLohn_Laufbahn {
   /// \name The Bef_ figures (read, and written back by UpdateBef)
   ///@{
 
+  /// The bases and amounts the payroll program keeps on the step (with a second figure each, ...2).
+  ///
   /// The bases and amounts the payroll program keeps on the step (with a second
   /// figure each, ...2): columns of their own name, read by the load and written
   /// back by LLohn_Laufbahnen::UpdateBef. Bef_Tage is read from the column Bef_Tage2
@@ -119,6 +129,8 @@ class LLohn_Laufbahn {
   /// \name Replacement benefit of the step (read only)
   ///@{
 
+  /// The replacement benefit (current and special payment) and its calendar days.
+  ///
   /// The replacement benefit (current and special payment) and its calendar days:
   /// columns of their own name; ELKalendertage is rounded half to even.
   double Ersatzleistung = 0;
@@ -130,6 +142,8 @@ class LLohn_Laufbahn {
   /// \name Bef_EL_Kalendertage (the kept asymmetry)
   ///@{
 
+  /// Both getters give ELKalendertage.
+  ///
   /// Both getters give ELKalendertage; the setters fill fields of their own that
   /// nothing reads (a load puts the columns Bef_EL_Kalendertage and
   /// Bef_EL_Kalendertage2 there). UpdateBef writes both columns from the getters.
@@ -142,6 +156,8 @@ class LLohn_Laufbahn {
   /// \name More Bef_ figures (read, and written back by UpdateBef)
   ///@{
 
+  /// A Bef_ figure of replacement benefits or special payments.
+  ///
   /// The bases of the replacement benefit and of special payments that the payroll
   /// program keeps on the step: columns of their own name.
   double Bef_EL_Laufend_Basis = 0;
@@ -154,6 +170,8 @@ class LLohn_Laufbahn {
   /// \name Temporary staff, tips, allowances (read only)
   ///@{
 
+  /// Temporary staff, tips and allowances of the step, read only.
+  ///
   /// Temporary staff (with the flat 2 percent wage tax, and the KU and LK marks,
   /// read as numbers: True when not 0), the flat amount of tips, the plus-minus
   /// item and the daily allowances of § 26 Z 4: columns of their own name.

@@ -32,6 +32,8 @@ class LLohn_Kind {
   /// \name Personal data (Mitarbeiter_Kinder)
   ///@{
 
+  /// The child's personal data.
+  ///
   /// First name, family name and insurance number (columns of their own name), and
   /// the birth date as a day count (column GebDatum; Null reads as 0).
   std::string VorName;

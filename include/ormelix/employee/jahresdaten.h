@@ -41,6 +41,8 @@ class LLohn_Jahresdaten {
   /// \name Company car, works transport, part pay (table Mitarbeiter_Jahresdaten)
   ///@{
 
+  /// Columns of the row under their own name.
+  ///
   /// Columns of the row under their own name: the months with a company car and
   /// with works transport, and the day and amount of part pay. Whole numbers are
   /// 16-bit, the amount double.
@@ -57,6 +59,8 @@ class LLohn_Jahresdaten {
   /// \name Service charge and N70
   ///@{
 
+  /// The month and count of the service charge, and the flag that N70 is not reckoned.
+  ///
   /// The month and count of the service charge, and the flag that N70 is not
   /// reckoned; columns of their own name.
   std::int16_t ServiceEntgeltMonat = 0;
@@ -69,6 +73,8 @@ class LLohn_Jahresdaten {
   /// \name Remarks, collective agreement, one-sixth control
   ///@{
 
+  /// Remark, collective agreement and one-sixth control of the year.
+  ///
   /// The remark and whether it is left off the print, the collective agreement
   /// applied (flag and text), and whether the one-sixth control is not reckoned;
   /// columns of their own name.

@@ -123,6 +123,8 @@ class LLohn {
   /// \name Identity
   ///@{
 
+  /// Identity, set by LoadMitarbeiter.
+  ///
   /// Identity, set by LoadMitarbeiter: the key in Mitarbeiter ("" for a blank
   /// employee) and the position in the employee list, from 1.
   const std::string& ID() const { return id_; }
@@ -132,6 +134,8 @@ class LLohn {
   /// \name Children of the employee
   ///@{
 
+  /// Children, created with the object.
+  ///
   /// Children, created with the object; each getter hands out the same object:
   /// the career (Mitarbeiter_Laufbahn), the master record (LLohn_Arbeiter, table
   /// Mitarbeiter), the year data of AktJahr (Mitarbeiter_Jahresdaten), the children
@@ -146,6 +150,8 @@ class LLohn {
   /// \name Monthly children
   ///@{
 
+  /// A monthly child of the employee, month 1 to 12.
+  ///
   /// Monthly children, months 1 to 12 (null for 0, std::out_of_range outside
   /// 0..12), each made at its first use and the same object afterwards: the
   /// one-sixth total (Sechstel), the days of casual employment (FB_Fallweise) and
@@ -196,8 +202,8 @@ class LLohn {
   /// Mitarbeiter_Übertritte; the row of AktJahr in Mitarbeiter_Jahresdaten; the row
   /// of Mitarbeiter_PDFEncrypt. Every column of a row is written, changed or not.
   /// Each record's save is one write transaction; a failure keeps what was written
-  /// before it. A figure that is NaN or infinite is refused (ConversionError)
-  /// before its row is written.
+  /// before it. The save of a pay month refuses a figure that is NaN or infinite
+  /// (ConversionError naming table, column and row) before it writes anything.
   void Update(clsManager& Manager, int pUpdate = ucAllTables, std::int16_t pMonat = 0);
   /// Reads the flagged tables (0: all) again; career and children stay as they are.
   /// Reads the tables that Update would write for the same flags, for AktJahr.
@@ -211,6 +217,8 @@ class LLohn {
   /// \name The marked parts of the wage-type lines
   ///@{
 
+  /// The marked part of a group of wage-type lines in a month.
+  ///
   /// The marked part of a month's amount of wage-type lines, when the month's lines
   /// of the group add up to the base amount (both rounded to 2 decimals); else 0.
   /// A line's amount is ZSL_Anzahl x ZSL_Satz (to 2 decimals) + ZSL_Betrag; it
@@ -303,6 +311,8 @@ class LLohn {
   /// \name Pay month: figures in double precision (Mitarbeiter_Lohnzettel)
   ///@{
 
+  /// Month arrays 0 to 12, double precision (dates as day counts).
+  ///
   /// Month arrays 0 to 12, double precision (dates as day counts): X(m) is the
   /// column X of the row of month m of AktJahr in Mitarbeiter_Lohnzettel, except
   /// Von_Datum and Bis_Datum, the columns Abrechnung_Von and Abrechnung_Bis (day
@@ -349,6 +359,8 @@ class LLohn {
   /// \name Pay month: amounts in single precision (Mitarbeiter_Lohnzettel)
   ///@{
 
+  /// Month arrays 0 to 12, single precision.
+  ///
   /// Month arrays 0 to 12, single precision: the amounts of a month, rounded to 2
   /// decimals on save only (SZUB_Bauarbeiter on load too). X(m) is the column X of
   /// the row of month m, with the umlauts of the column written out in the name:
@@ -427,6 +439,8 @@ class LLohn {
   /// \name Pay month: flags (Mitarbeiter_Lohnzettel)
   ///@{
 
+  /// Month arrays 0 to 12, boolean.
+  ///
   /// Month arrays 0 to 12, boolean: columns of the month's row of the same name,
   /// but LST_AufRollenWertEingabe (column LST_AufRollenWert_Eingabe) and
   /// op_Covid19Bonus (column Covid19Bonus). Stored as -1 and 0.
@@ -555,6 +569,8 @@ class LLohn {
   /// \name Wage-type lines of the groups 7 and 8 (Mitarbeiter_Lohnarten)
   ///@{
 
+  /// Wage-type lines of the groups 7 and 8, and the markings of a line.
+  ///
   /// Wage-type lines of the groups 7 and 8 (line 1 to 5, month 0 to 12), and the
   /// markings of a line (group-specific: one flag per line and month).
   /// A row of Mitarbeiter_Lohnarten per month (Zeitraum), group (Lohnarttyp, 7

@@ -18,6 +18,8 @@ class LLohn1_Werte {
   /// \name The one-sixth figures
   ///@{
 
+  /// A one-sixth figure of the month, single precision.
+  ///
   /// The year total, the limit, the special payment and what goes beyond the
   /// limit, each also for the replacement benefits (EL), the one-off bonus (EP) and
   /// the jubilee money (JG) where named so. Single precision, kept as set.
@@ -71,6 +73,8 @@ class LLohn1_Uebertritt {
   /// \name The two stretches of the month
   ///@{
 
+  /// Get and replace the stretch before (Datum1) and after (Datum2) the transfer.
+  ///
   /// Get and replace the stretch before (Datum1) and after (Datum2) the transfer;
   /// a replacement is the caller's own and gets no owner.
   const std::shared_ptr<LLohn1_UebertrittDatum>& Datum1() const { return datum1_; }
@@ -81,6 +85,8 @@ class LLohn1_Uebertritt {
   /// \name Contribution groups before (1) and after (2)
   ///@{
 
+  /// A contribution group before or after the transfer.
+  ///
   /// The contribution-group codes (BERGR1, BERGR2) and their BERZUG numbers
   /// before (1) and after (2) the transfer, kept as set.
   std::string BERGR1;
@@ -151,7 +157,10 @@ class LLohn1 {
   /// \name The employee and the dates of the calculation
   ///@{
 
-  /// The employee's key, and the entry, suspension and exit dates that the calculation works with (day counts) with the months they fall in (...Idx, 1 to 12).
+  /// The employee and the dates of the calculation.
+  ///
+  /// The employee's key, and the entry, suspension and exit dates that the calculation
+  /// works with (day counts) with the months they fall in (...Idx, 1 to 12).
   std::string ID;
   double Ein_Datum = 0;
   double Abm_Datum = 0;
@@ -164,7 +173,11 @@ class LLohn1 {
   /// \name Gross pay and overtime of a month
   ///@{
 
-  /// Month arrays 0 to 12 in double precision: the gross pay (Brutto, and Brutto_ali for part of a month), the overtime amounts, and the special payments drawn ahead (..._vorbezug), kept as set.
+  /// Month arrays 0 to 12 in double precision.
+  ///
+  /// Month arrays 0 to 12 in double precision: the gross pay (Brutto, and Brutto_ali for
+  /// part of a month), the overtime amounts, and the special payments drawn ahead
+  /// (..._vorbezug), kept as set.
   MonthArray<double> Brutto_ali{"Brutto_ali"};
   MonthArray<double> Ueberst__50_Betrag{"Ueberst__50_Betrag"};
   MonthArray<double> UeBasis{"UeBasis"};
@@ -182,7 +195,12 @@ class LLohn1 {
   /// \name Social insurance on current pay
   ///@{
 
-  /// Month arrays 0 to 12: the employee's social-insurance contribution on current pay and its bases, in the variants the calculation keeps apart (EP one-off bonus, 2 second part, DiffSachbezug the difference from benefits in kind, Gesamt the total), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the employee's social-insurance contribution on current pay and
+  /// its bases, in the variants the calculation keeps apart (EP one-off bonus, 2 second
+  /// part, DiffSachbezug the difference from benefits in kind, Gesamt the total), kept as
+  /// set.
   MonthArray<double> SV_Laufend_EP{"SV_Laufend_EP"};
   MonthArray<double> SV_Laufend{"SV_Laufend"};
   MonthArray<double> SV_Laufend_DiffSachbezug{"SV_Laufend_DiffSachbezug"};
@@ -196,7 +214,11 @@ class LLohn1 {
   /// \name Social insurance on special payments
   ///@{
 
-  /// Month arrays 0 to 12: the employee's social-insurance contribution on special payments and its bases, with the parts the calculation keeps apart (LKKaernten, UBBauarbeiter, Org the figure before a correction), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the employee's social-insurance contribution on special payments
+  /// and its bases, with the parts the calculation keeps apart (LKKaernten, UBBauarbeiter,
+  /// Org the figure before a correction), kept as set.
   MonthArray<double> SV_SonderLKKaernten{"SV_SonderLKKaernten"};
   MonthArray<double> SV_SonderUBBauarbeiter{"SV_SonderUBBauarbeiter"};
   MonthArray<double> SV_Sonder{"SV_Sonder"};
@@ -209,7 +231,10 @@ class LLohn1 {
   /// \name Social insurance on leave compensation
   ///@{
 
-  /// Month arrays 0 to 12: contributions and bases on compensation for leave not taken (UA_UE), current and special, kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: contributions and bases on compensation for leave not taken
+  /// (UA_UE), current and special, kept as set.
   MonthArray<double> SV_Laufend_UA_UE{"SV_Laufend_UA_UE"};
   MonthArray<double> SV_Laufend_Basis_UA_UE{"SV_Laufend_Basis_UA_UE"};
   MonthArray<double> SV_Laufend_Basis_UA_UEGesamt{"SV_Laufend_Basis_UA_UEGesamt"};
@@ -221,7 +246,10 @@ class LLohn1 {
   /// \name Provision-fund contribution
   ///@{
 
-  /// The provision-fund contribution and its basis per month (0 to 12), and the reduced ones (Minder) of the whole record, kept as set.
+  /// Provision-fund contribution and basis.
+  ///
+  /// The provision-fund contribution and its basis per month (0 to 12), and the reduced
+  /// ones (Minder) of the whole record, kept as set.
   MonthArray<double> AbfertigungNeu{"AbfertigungNeu"};
   MonthArray<double> AbfertigungNeu_Basis{"AbfertigungNeu_Basis"};
   double AbfertigungNeuMinder = 0;
@@ -231,7 +259,11 @@ class LLohn1 {
   /// \name Wage tax
   ///@{
 
-  /// Month arrays 0 to 12: the wage tax on current pay and on special payments with their bases, for temporary staff (Aushilfskraft), before the allowance deduction (ohne_FBAbzug) and for leave compensation (UA_UE), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the wage tax on current pay and on special payments with their
+  /// bases, for temporary staff (Aushilfskraft), before the allowance deduction
+  /// (ohne_FBAbzug) and for leave compensation (UA_UE), kept as set.
   MonthArray<double> LST_Laufend{"LST_Laufend"};
   MonthArray<double> LST_Laufend_Basis{"LST_Laufend_Basis"};
   MonthArray<double> LST_Laufend_BasisGesamt{"LST_Laufend_BasisGesamt"};
@@ -248,7 +280,10 @@ class LLohn1 {
   /// \name Deductions and net pay
   ///@{
 
-  /// Month arrays 0 to 12: the bases of the union and works-council dues, all deductions together, and the net pay, kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the bases of the union and works-council dues, all deductions
+  /// together, and the net pay, kept as set.
   MonthArray<double> Gewerkschaft_Basis{"Gewerkschaft_Basis"};
   MonthArray<double> Betriebsrat_Basis{"Betriebsrat_Basis"};
   MonthArray<double> Abzuege_gesamt{"Abzuege_gesamt"};
@@ -266,6 +301,8 @@ class LLohn1 {
   /// \name Solidarity scale of the one-sixth
   ///@{
 
+  /// The solidarity scale of the one-sixth.
+  ///
   /// The step, value and basis of the solidarity scale, and the wage tax on special
   /// payments at 50 percent, of the whole record; kept as set.
   std::int16_t SechstelSolidarStaffelIndex = 0;
@@ -277,7 +314,10 @@ class LLohn1 {
   /// \name Employer's social insurance
   ///@{
 
-  /// Month arrays 0 to 12: the employer's social-insurance contributions, current and special, and on leave compensation (UA_UE), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the employer's social-insurance contributions, current and
+  /// special, and on leave compensation (UA_UE), kept as set.
   MonthArray<double> SV_Laufend_DG{"SV_Laufend_DG"};
   MonthArray<double> SV_Laufend2_DG{"SV_Laufend2_DG"};
   MonthArray<double> SV_Sonder_DG{"SV_Sonder_DG"};
@@ -288,7 +328,11 @@ class LLohn1 {
   /// \name The N70 figures
   ///@{
 
-  /// The N70 contributions by kind (first index 0 to 2) and month (0 to 12), employee's and employer's, current and special, and their sums per kind (sumN70, 0 to 2), kept as set.
+  /// An N70 figure by kind and month.
+  ///
+  /// The N70 contributions by kind (first index 0 to 2) and month (0 to 12), employee's and
+  /// employer's, current and special, and their sums per kind (sumN70, 0 to 2), kept as
+  /// set.
   MonthGrid<double, 0, 2> SV_N70_Laufend{"SV_N70_Laufend"};
   MonthGrid<double, 0, 2> SV_N70_Sonder{"SV_N70_Sonder"};
   MonthGrid<double, 0, 2> SV_N70_Laufend_DG{"SV_N70_Laufend_DG"};
@@ -299,7 +343,11 @@ class LLohn1 {
   /// \name Employer levies
   ///@{
 
-  /// Month arrays 0 to 12: the employer's contribution to the family-burden fund (Falast_DB) and its second figure (Falast_DBK), the underground levy of Vienna (UBahn_Abgabe) and the service charge (ServiceEntgelt), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the employer's contribution to the family-burden fund
+  /// (Falast_DB) and its second figure (Falast_DBK), the underground levy of Vienna
+  /// (UBahn_Abgabe) and the service charge (ServiceEntgelt), kept as set.
   MonthArray<double> Falast_DB{"Falast_DB"};
   MonthArray<double> Falast_DBK{"Falast_DBK"};
   MonthArray<double> UBahn_Abgabe{"UBahn_Abgabe"};
@@ -309,7 +357,11 @@ class LLohn1 {
   /// \name Unemployment insurance
   ///@{
 
-  /// The unemployment-insurance figures of the record: the step (..._Index), its basis and amount, current, special and of replacement benefits; AIV_ERS and AIV_ERSBasis are indexed 0 to 5. Kept as set.
+  /// The unemployment-insurance figures of the record.
+  ///
+  /// The unemployment-insurance figures of the record: the step (..._Index), its basis and
+  /// amount, current, special and of replacement benefits; AIV_ERS and AIV_ERSBasis are
+  /// indexed 0 to 5. Kept as set.
   double ALV = 0;
   std::int16_t AIV2_Index = 0;
   double AIV2_Basis = 0;
@@ -330,7 +382,10 @@ class LLohn1 {
   /// \name Malus and special-payment surcharges
   ///@{
 
-  /// Month arrays 0 to 12: the malus (and MalusBGL_GKK) and the social-insurance surcharge on special payments (SVSZU, and SVSZU_EP of the one-off bonus), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the malus (and MalusBGL_GKK) and the social-insurance surcharge
+  /// on special payments (SVSZU, and SVSZU_EP of the one-off bonus), kept as set.
   MonthArray<double> Malus{"Malus"};
   MonthArray<double> MalusBGL_GKK{"MalusBGL_GKK"};
   MonthArray<double> SVSZU{"SVSZU"};
@@ -340,7 +395,10 @@ class LLohn1 {
   /// \name Commuter allowance
   ///@{
 
-  /// The small and the large commuter allowance of the record, and the commuter euro per month (0 to 12, single precision), kept as set.
+  /// A commuter-allowance figure of the record.
+  ///
+  /// The small and the large commuter allowance of the record, and the commuter euro per
+  /// month (0 to 12, single precision), kept as set.
   double Pendler_klein = 0;
   double Pendler_gross = 0;
   MonthArray<float> PendlerEuro{"PendlerEuro"};
@@ -357,7 +415,11 @@ class LLohn1 {
   /// \name Cent rounding, works-council levy and N18
   ///@{
 
-  /// Month arrays 0 to 12: the cent rounding (Centausgleich), the works-council levy, and the N18 social-insurance figures (current, special, of replacement benefits, and their bases), kept as set.
+  /// Month arrays 0 to 12.
+  ///
+  /// Month arrays 0 to 12: the cent rounding (Centausgleich), the works-council levy, and
+  /// the N18 social-insurance figures (current, special, of replacement benefits, and their
+  /// bases), kept as set.
   MonthArray<double> Centausgleich{"Centausgleich"};
   MonthArray<double> Betriebsratsumlage{"Betriebsratsumlage"};
   MonthArray<double> N18_SV_Laufend{"N18_SV_Laufend"};

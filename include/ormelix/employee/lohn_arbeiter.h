@@ -21,6 +21,8 @@ class LLohn_Arbeiter {
   /// \name Texts (table Mitarbeiter)
   ///@{
 
+  /// A text of the master record.
+  ///
   /// Texts of the row, written as they stand (no trimming; a text longer than the
   /// column fails in the store). Columns: FName, FName1, FName2 are Familienname,
   /// Familienname1, Familienname2; VName is VorName; Vers_Nr and Vers_NrZusatz are
@@ -91,6 +93,8 @@ class LLohn_Arbeiter_ALVBGruppeE {
   /// \name Values
   ///@{
 
+  /// A value of the group, kept as set.
+  ///
   /// The month of exemption from contributions, the first and last day as texts,
   /// and the basis (single precision), kept as set.
   std::int16_t BeitragsbefreiungMonat = 0;

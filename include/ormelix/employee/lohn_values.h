@@ -38,6 +38,8 @@ class LLohn_PendlerAR {
   /// \name Values (Mitarbeiter_Lohnzettel)
   ///@{
 
+  /// Columns of their own name.
+  ///
   /// Columns of their own name: the allowance, its third, the kilometres and the
   /// saved marker (16-bit), and the two amounts at the recalculation (single
   /// precision, rounded to 2 decimals on save).

@@ -136,6 +136,8 @@ struct LohnzettelMonth {
 /// \name Column declarations
 ///@{
 
+/// The column declarations of the employee's tables.
+///
 /// The columns of a table of the employee, in table order, each with the property
 /// it feeds and its conversions: Mitarbeiter, Mitarbeiter_Bankverbindung,
 /// Mitarbeiter_Lohnzettel (one month), Mitarbeiter_Jahresdaten,

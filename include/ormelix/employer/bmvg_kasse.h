@@ -19,6 +19,8 @@ class clsBMVG_Kasse {
   /// \name The fund's data (columns of BMVG_Kassen of their own name)
   ///@{
 
+  /// The fund's data, read-only.
+  ///
   /// Name, clerk, address, telephone, institute, whether it is the construction
   /// workers' fund, and a remark; read-only.
   const std::string& Name() const { return name_; }
@@ -42,10 +44,10 @@ class clsBMVG_Kasse {
   void InitImportDB(const StoreConnectionPtr& pDatabase) { import_db_ = pDatabase; }
   ///@}
 
-  /// Reads the fund whose Leitzahl is pID from BMVG_Kassen of the reference store. pID goes through ToLong on its way into
-  /// the statement, so leading zeros are lost ("07100" looks for "7100"), and a
-  /// text that is no number is a ConversionError. No such fund clears the object
-  /// and gives False.
+  /// Reads the fund whose Leitzahl is pID from BMVG_Kassen of the reference store. pID goes
+  /// through ToLong on its way into the statement, so leading zeros are lost ("07100" looks
+  /// for "7100"), and a text that is no number is a ConversionError. No such fund clears
+  /// the object and gives False.
   ///
   /// The one check is on the pay store: without it the result is False. With a pay
   /// store and without a reference store the read itself fails (an Error).

@@ -43,6 +43,8 @@ class clsMandant {
   /// \name The row of Mandanten
   ///@{
 
+  /// A column of the employer's row of Mandanten.
+  ///
   /// Columns of Mandanten of the property's name (texts as they stand, flags -1/0,
   /// dates as day counts), but for the crossings: Update writes EMail to the column
   /// Homepage and Homepage to EMail, and NeufögV_Von (read from the column

@@ -25,6 +25,8 @@ class clsMandant_Bankverbindung {
   /// \name Bank details (columns of their own name)
   ///@{
 
+  /// The bank's name, a remark, the identifiers for payment files, BIC and IBAN.
+  ///
   /// The bank's name, a remark, the identifiers for payment files, BIC and IBAN:
   /// columns of their own name, texts as they stand.
   std::string Bank;

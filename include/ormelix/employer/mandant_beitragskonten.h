@@ -19,6 +19,8 @@ class clsMandant_Beitragskonto {
   /// \name The carrier
   ///@{
 
+  /// The carrier of the account.
+  ///
   /// The carrier: its key (column VTID) and its data from Versicherungsträger
   /// (Code, Bezeichnung, Kurzbezeichnung, Straße, PLZ, Ort, Bank, IBAN, BIC).
   const std::string& VTID() const { return vtid_; }
@@ -35,6 +37,8 @@ class clsMandant_Beitragskonto {
   /// \name The account
   ///@{
 
+  /// The account itself.
+  ///
   /// The account number, a remark, and the mark of the employer's standard account
   /// (only handed out: two accounts may both carry it, or none).
   const std::string& BKNR() const { return bknr_; }

@@ -34,9 +34,9 @@ class clsMandant_BMVG_Kasse {
   void InitImportDB(const StoreConnectionPtr& pDatabase);
   /// \endcond
 
-  /// Reads the employer's row of Mandanten_BMVG_Kasse, then the fund (BMVG_Kassen) whose Leitzahl its column BMVG_Kasse
-  /// holds (no such fund clears Kasse). No row (or no store) changes nothing and
-  /// gives False.
+  /// Reads the employer's row of Mandanten_BMVG_Kasse, then the fund (BMVG_Kassen) whose
+  /// Leitzahl its column BMVG_Kasse holds (no such fund clears Kasse). No row (or no store)
+  /// changes nothing and gives False.
   bool Load(const std::string& pID);
 
   /// Writes the record for the employer pMandant into Mandanten_BMVG_Kasse: with pBMVG_Kasse the column

@@ -37,6 +37,8 @@ class clsMandant_Jahresdaten {
   /// \name Levies of marginal employees
   ///@{
 
+  /// Levies of marginal employees paid at the end of the year.
+  ///
   /// Provision-fund contribution and social-insurance levy of marginal employees
   /// paid at the end of the year: columns MVAbgabe_Geringfuegig_am_Jahresende and
   /// SVAbgabe_Geringfuegig_am_Jahresende.

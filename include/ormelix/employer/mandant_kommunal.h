@@ -28,6 +28,8 @@ class clsMandant_Kommunal {
   /// \name The office (columns of Mandanten_Kommunal of their own name)
   ///@{
 
+  /// The office's name and address.
+  ///
   /// Name, addition, street, postcode, place, telephone and DVR number of the
   /// office, texts as they stand.
   std::string Name;

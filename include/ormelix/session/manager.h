@@ -63,6 +63,8 @@ class clsManager : public std::enable_shared_from_this<clsManager> {
   /// \name The reference store
   ///@{
 
+  /// The reference database.
+  ///
   /// The reference database (the catalogues Gemeinden, BMVG_Kassen,
   /// DM_Austrittsgründe, Länder, Länder_Indikatoren); setting it stores the
   /// reference and nothing else. May stay unset: the career then has no exit
@@ -82,6 +84,8 @@ class clsManager : public std::enable_shared_from_this<clsManager> {
   /// \name The current employer
   ///@{
 
+  /// The current employer.
+  ///
   /// The current employer: unset until the first ChangeAktMandant, then one object
   /// reused for every employer selected. Setting it replaces the object and loads
   /// nothing.

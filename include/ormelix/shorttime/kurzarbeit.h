@@ -36,6 +36,8 @@ class LLohn_Kurzarbeit {
   /// amounts and hours double as they stand, dates day counts, flags -1/0.
   ///@{
 
+  /// A stored value of the short-time record.
+  ///
   /// A stored value: the column of its own name in the row of
   /// Mitarbeiter_Lohnzettel_Kurzarbeit below the month's pay row.
   bool IsKurzarbeit = false;

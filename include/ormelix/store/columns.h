@@ -149,6 +149,8 @@ struct Property {
   /// \name Construction
   ///@{
 
+  /// Makes a property reference.
+  ///
   /// No property (also from nullptr), a getter with an optional name, or a lambda
   /// without capture (no name).
   constexpr Property() = default;

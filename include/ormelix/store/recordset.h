@@ -93,6 +93,8 @@ class Recordset {
   /// \name Moving
   ///@{
 
+  /// Moves to the next, previous, first or last row the filter lets through.
+  ///
   /// Moves to the next, previous, first or last row the filter lets through;
   /// moving past either end stands at EOF or BOF.
   void MoveNext();

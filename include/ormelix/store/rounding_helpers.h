@@ -19,6 +19,8 @@ namespace ormelix::RoundingHelpers {
 /// \name RoundTo
 ///@{
 
+/// The value rounded to `digits` decimals, half away from zero.
+///
 /// The value rounded to `digits` decimals, half away from zero, of the decimal the
 /// number stands for (a double's 15 significant digits, a single's 7). Null and
 /// Empty give 0, as does a field without a current row.

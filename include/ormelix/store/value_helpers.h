@@ -39,6 +39,8 @@ bool ToFlag(const Field& field);
 /// \name
 ///@{
 
+/// A whole number, 32-bit or 16-bit.
+///
 /// Whole numbers, 32-bit (ToLong) or 16-bit (ToInteger), rounded half to even, as
 /// a number-to-integer conversion does. A value outside the type's range is
 /// std::out_of_range; a text that is no number is a ConversionError.
@@ -50,6 +52,8 @@ std::int16_t ToInteger(const Field& field);
 /// \name
 ///@{
 
+/// A number in single (ToSingle) or double precision (ToAmount).
+///
 /// A number in single (ToSingle) or double precision (ToAmount); numeric texts are
 /// read too, other texts are a ConversionError.
 float ToSingle(const Variant& value);

@@ -33,6 +33,8 @@ class Variant {
   /// \name From plain values
   ///@{
 
+  /// A value of the kind of its argument.
+  ///
   /// A value of the kind of its argument: bool is Boolean, a whole number Integer,
   /// float and double Double, a text Text. Implicit, so that a plain value can be
   /// passed where a Variant is asked for.
@@ -86,6 +88,8 @@ class Variant {
   /// \name Tests of the kind
   ///@{
 
+  /// True for the kind named.
+  ///
   /// True for the kind named: Empty, Null, Empty or Null (IsMissing), a number
   /// (Integer, Double or Boolean), a text.
   bool IsEmpty() const noexcept { return kind_ == Empty; }
