@@ -14,6 +14,8 @@ namespace ormelix {
 /// 0 also means "no date".
 using Date = double;
 
+/// \brief A store value: empty, Null, a boolean, a whole number, a double or a text.
+///
 /// Sixteen bytes: a kind and a payload; a text lives on the heap (an empty text
 /// takes no allocation), so that a snapshot of many cells stays compact.
 class Variant {
