@@ -67,8 +67,10 @@ class clsManager : public std::enable_shared_from_this<clsManager> {
   ///
   /// The reference database (the catalogues Gemeinden, BMVG_Kassen,
   /// DM_Austrittsgründe, Länder, Länder_Indikatoren); setting it stores the
-  /// reference and nothing else. May stay unset: the career then has no exit
-  /// reasons, and clsLänder::Load fails.
+  /// reference and nothing else. It may stay unset, with these consequences: the
+  /// career has no exit reasons, the employer's municipality is not found, and
+  /// clsLänder::Load fails, as does the load of an employer that has a row in
+  /// Mandanten_BMVG_Kasse (clsBMVG_Kasse::Load).
   const StoreConnectionPtr& ImportDB() const { return import_db_; }
   void SetImportDB(StoreConnectionPtr pDB) { import_db_ = std::move(pDB); }
   ///@}
