@@ -45,18 +45,21 @@ def pytest_sessionfinish(session, exitstatus):
     _drop_schemas()
 
 
+def store_location(folder, kind="payroll"):
+    """The location of a store not made yet: a file in the folder, or a schema on the server."""
+    number = next(_counter)
+    if not ON_POSTGRES:
+        return str(folder / f"{kind}{number}.db")
+    location = ormelix.WithLocationParameter(SERVER, "dbname", DATABASE)
+    location = ormelix.WithLocationParameter(location, "schema", f"{kind}_{os.getpid()}_{number}")
+    _schemas.append(location)
+    return location
+
+
 @pytest.fixture
 def new_location(tmp_path):
-    """Gives the location of a store not made yet: a file, or a schema on the server."""
-    def make(kind="payroll"):
-        number = next(_counter)
-        if not ON_POSTGRES:
-            return str(tmp_path / f"{kind}{number}.db")
-        location = ormelix.WithLocationParameter(SERVER, "dbname", DATABASE)
-        location = ormelix.WithLocationParameter(location, "schema", f"{kind}_{os.getpid()}_{number}")
-        _schemas.append(location)
-        return location
-    return make
+    """Gives locations of stores not made yet."""
+    return lambda kind="payroll": store_location(tmp_path, kind)
 
 
 def run_tool(*args, check=True):
@@ -98,8 +101,8 @@ class Demo:
         return manager
 
 
-def make_demo(folder, new_location):
-    where = new_location() if ON_POSTGRES else str(folder / "demo")
+def make_demo(folder):
+    where = store_location(folder, "demo") if ON_POSTGRES else str(folder / f"demo{next(_counter)}")
     run_tool("demo", where)
     return Demo(where)
 
@@ -107,20 +110,13 @@ def make_demo(folder, new_location):
 @pytest.fixture(scope="session")
 def demo(tmp_path_factory):
     """One demo store for the tests that only read."""
-    folder = tmp_path_factory.mktemp("demo")
-    number = next(_counter)
-    location = None
-    if ON_POSTGRES:
-        location = ormelix.WithLocationParameter(ormelix.WithLocationParameter(SERVER, "dbname", DATABASE),
-                                                 "schema", f"demo_{os.getpid()}_{number}")
-        _schemas.append(location)
-    return make_demo(folder, lambda: location)
+    return make_demo(tmp_path_factory.mktemp("demo"))
 
 
 @pytest.fixture
-def fresh_demo(tmp_path, new_location):
+def fresh_demo(tmp_path):
     """A demo store of this test's own, to write to."""
-    return make_demo(tmp_path, new_location)
+    return make_demo(tmp_path)
 
 
 @pytest.fixture
