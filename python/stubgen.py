@@ -162,6 +162,8 @@ def write_class(out, name, cls, indent=""):
             write_function(out, member_name, member.__func__, inner, True, static=True)
         elif isinstance(member, type):
             write_class(out, member_name, member, inner)
+        elif member_name == "__init__" and not signatures(member):
+            continue  # no constructor: the library hands these out
         elif callable(member):
             write_function(out, member_name, member, inner, True, iter_type=iter_type)
         else:
@@ -174,8 +176,8 @@ def write_class(out, name, cls, indent=""):
 def write_enum(out, name, cls):
     base = "IntFlag" if issubclass(cls, enum.IntFlag) else "IntEnum"
     out.append(f"class {name}({base}):")
-    for member in cls:
-        out.append(f"    {member.name} = {member.value}")
+    for member_name, member in cls.__members__.items():  # aliases too
+        out.append(f"    {member_name} = {member.value}")
 
 
 def write_submodule(out, name, module):
