@@ -369,6 +369,8 @@ void DeclareBasevalues(py::module_& m);
 void DefineBasevalues(py::module_& m);
 void DeclareEmployee(py::module_& m);
 void DefineEmployee(py::module_& m);
+void DeclareResults(py::module_& m);
+void DefineResults(py::module_& m);
 void DeclareCareerChildren(py::module_& m);
 void DefineCareerChildren(py::module_& m);
 void DeclareOthers(py::module_& m);

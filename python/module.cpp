@@ -15,12 +15,14 @@ PYBIND11_MODULE(ormelix, m) {
   DeclareEmployer(m);
   DeclareBasevalues(m);
   DeclareEmployee(m);
+  DeclareResults(m);
   DeclareCareerChildren(m);
   DeclareOthers(m);
   DefineStore(m);
   DefineEmployer(m);
   DefineBasevalues(m);
   DefineEmployee(m);
+  DefineResults(m);
   DefineCareerChildren(m);
   DefineOthers(m);
 }

@@ -134,3 +134,24 @@ def test_every_class_made_alone_can_be_used_without_a_crash():
         made += 1
         _calls_without_arguments(obj)
     assert made >= 40
+
+
+def test_the_children_of_a_working_record_let_go_of_it_when_it_ends():
+    record = ormelix.LLohn1()
+    sixth, transfer = record.Sechstel(3), record.Uebertritt(3)
+    days = transfer.Datum1()
+    assert sixth.Owner() is record and transfer.Owner() is record and days.Owner() is record
+    record.SV_Laufend[3] = 512.5
+    record.SV_N70_Laufend[2, 3] = 1.25
+    record.AIV_ERS[5] = 7.0
+    with pytest.raises(IndexError, match="AIV_ERS"):
+        record.AIV_ERS[6] = 1.0
+    assert (record.SV_Laufend[3], record.SV_N70_Laufend(2, 3), record.AIV_ERS[5]) == (512.5, 1.25, 7.0)
+    mine = ormelix.LLohn1_Werte()
+    record.SetSechstel(4, mine)
+    assert record.Sechstel(4) is mine and mine.Owner() is None  # the caller's own
+    del record
+    gc.collect()
+    assert sixth.Owner() is None and transfer.Owner() is None and days.Owner() is None
+    sixth.JahresSumme = 10.5
+    assert sixth.JahresSumme == 10.5
