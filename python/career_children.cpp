@@ -32,6 +32,19 @@ void DefineStep(py::module_& m) {
                                                                                               py::arg("value"));
 }
 
+// A question with the step that decides it as an output parameter: (result, pRetLaufbahn).
+template <auto Question>
+void StepQuestion(Class<LLohn_Laufbahnen>& career, const char* name) {
+  career.def(
+      name,
+      [](const LLohn_Laufbahnen& self, std::int32_t pZeitraum) {
+        LLohn_Laufbahnen::StepPtr step;
+        bool result = (self.*Question)(pZeitraum, step);
+        return std::make_tuple(result, step);
+      },
+      py::arg("pZeitraum"), "(result, pRetLaufbahn)");
+}
+
 void DefineCareer(py::module_& m) {
   using C = LLohn_Laufbahnen;
   auto career = ClassOf<C>(m, "LLohn_Laufbahnen");
@@ -47,22 +60,8 @@ void DefineCareer(py::module_& m) {
   Method<&C::Laufbahnschritt>(career, py::arg("pZeitraum"), py::arg("pPrüfeAb1DesMonats"),
                               py::arg("pPrüfeAb1DesMonateskleinergleich"));
   Method<&C::LaufbahnschrittDate>(career, py::arg("pDatum"));
-  career.def(
-      "IsEintritt",
-      [](const C& self, std::int32_t pZeitraum) {
-        C::StepPtr step;
-        bool result = self.IsEintritt(pZeitraum, step);
-        return std::make_tuple(result, step);
-      },
-      py::arg("pZeitraum"), "(result, pRetLaufbahn)");
-  career.def(
-      "IsDVRuht",
-      [](const C& self, std::int32_t pZeitraum) {
-        C::StepPtr step;
-        bool result = self.IsDVRuht(pZeitraum, step);
-        return std::make_tuple(result, step);
-      },
-      py::arg("pZeitraum"), "(result, pRetLaufbahn)");
+  StepQuestion<&C::IsEintritt>(career, "IsEintritt");
+  StepQuestion<&C::IsDVRuht>(career, "IsDVRuht");
   Method<&C::LaufbahnschritteImZeitraum>(career, py::arg("pVonZeitraum"), py::arg("pBisZeitraum"),
                                          py::arg("pBKZBerücksichtigen"), py::arg("pAusgabeLaufbahn") = eALBAlle);
   Method<&C::LaufbahnschritteImMonat>(career, py::arg("pZeitraum"));

@@ -39,6 +39,22 @@ void DefineChildren(py::module_& m) {
   transfer.def("Owner", &OwnerOf<U>);
 }
 
+// SetX(pIndex, p) of a monthly child, the month 1..12.
+template <class C, class P>
+P ChildArgument(void (C::*)(int, P));
+
+template <auto Setter>
+void MonthlySetter(Class<LLohn1>& record, const char* name) {
+  using Ptr = decltype(ChildArgument(Setter));
+  record.def(
+      name,
+      [name](LLohn1& self, int pIndex, Ptr p) {
+        RequireMonth(name, pIndex);
+        (self.*Setter)(pIndex, std::move(p));
+      },
+      py::arg("pIndex"), py::arg("p"));
+}
+
 void DefineRecord(py::module_& m) {
   using R = LLohn1;
   auto record = ClassOf<R>(m, "LLohn1");
@@ -70,20 +86,8 @@ void DefineRecord(py::module_& m) {
   GridMembers<&R::SV_N70_Laufend, &R::SV_N70_Sonder, &R::SV_N70_Laufend_DG, &R::SV_N70_Sonder_DG>(record);
   MonthlyChildren<&R::Sechstel, &R::Uebertritt>(record);
   // A child put in by the caller stays the caller's; None empties the month.
-  record.def(
-      "SetSechstel",
-      [](R& self, int pIndex, std::shared_ptr<LLohn1_Werte> p) {
-        RequireMonth("SetSechstel", pIndex);
-        self.SetSechstel(pIndex, std::move(p));
-      },
-      py::arg("pIndex"), py::arg("p"));
-  record.def(
-      "SetUebertritt",
-      [](R& self, int pIndex, std::shared_ptr<LLohn1_Uebertritt> p) {
-        RequireMonth("SetUebertritt", pIndex);
-        self.SetUebertritt(pIndex, std::move(p));
-      },
-      py::arg("pIndex"), py::arg("p"));
+  MonthlySetter<&R::SetSechstel>(record, "SetSechstel");
+  MonthlySetter<&R::SetUebertritt>(record, "SetUebertritt");
 }
 
 }  // namespace
