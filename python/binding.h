@@ -4,13 +4,13 @@
 // shared pointer, so an object Python holds lives as long as Python holds it,
 // whatever becomes of its list or session. What it does add is the checking a
 // Python caller expects at the boundary: a property set with a value of the wrong
-// kind raises TypeError (or OverflowError) naming the property, before anything
-// is written; a month outside 1..12 raises IndexError naming the property.
+// kind raises TypeError (or ValueError, for a number beyond its range) naming the
+// property, before anything is written; a month outside 1..12 raises IndexError
+// naming the property.
 #pragma once
 
 #include <pybind11/functional.h>
 #include <pybind11/pybind11.h>
-#include <pybind11/stl.h>
 
 #include <array>
 #include <cstdint>
@@ -41,7 +41,7 @@ struct Text {
 py::str ToStr(const std::string& text);
 std::string FromStr(py::handle text);
 
-// The value of a property of type T from Python, or TypeError / OverflowError
+// The value of a property of type T from Python, or TypeError / ValueError
 // naming the property (`name`) and what it got. Nothing is assigned here: the
 // caller assigns the result, so a refused value writes nothing.
 [[noreturn]] void WrongType(const char* name, const char* expected, py::handle got);

@@ -69,8 +69,16 @@ void DefineRecordset(py::module_& m) {
       .def("RecordCount", &Recordset::RecordCount)
       .def("Fields", [](const Recordset& self, std::string_view name) { return self.Fields(name); },
            py::arg("name"), py::keep_alive<0, 1>())
-      .def("Fields", [](const Recordset& self, int index) { return self.Fields(index); }, py::arg("index"),
-           py::keep_alive<0, 1>())
+      // The library takes a column's index on trust; Python gets an IndexError.
+      .def(
+          "Fields",
+          [](const Recordset& self, int index) {
+            if (index < 0 || index >= self.FieldCount())
+              throw py::index_error("Fields(" + std::to_string(index) + "): the recordset has " +
+                                    std::to_string(self.FieldCount()) + " fields");
+            return self.Fields(index);
+          },
+          py::arg("index"), py::keep_alive<0, 1>())
       .def("FieldCount", &Recordset::FieldCount)
       .def("FieldName", [](const Recordset& self, int index) { return Out(self.FieldName(index)); },
            py::arg("index"))

@@ -100,6 +100,9 @@ def test_recordset_reads_writes_and_filters(new_location):
     assert names == ["Alpha", "alpine", "beta"] and rs.RecordCount() == 3
     rs.Filter("[Name]='ALPHA'")
     assert rs.RecordCount() == 1 and rs.Fields("Name").Name() == "Name"
+    for index in (1, -1):  # the recordset has one field
+        with pytest.raises(IndexError, match=f"Fields\\({index}\\)"):
+            rs.Fields(index)
     field = rs.Fields("Name")
     del rs  # the field keeps its recordset
     assert field.Value() == "Alpha"
@@ -116,6 +119,9 @@ def test_helpers_and_days_as_dates():
     assert ormelix.date_from_days(2) == datetime.date(1900, 1, 1)
     with pytest.raises(TypeError, match="days_from_date"):
         ormelix.days_from_date("2025-03-17")
+    for no_day in (float("nan"), float("inf"), -1e300):
+        with pytest.raises(IndexError, match="no date"):  # the library's own check
+            ormelix.date_from_days(no_day)
     assert ormelix.ComposeZeitraum(2025, 3) == 202503
     assert ormelix.DateHelpers.ZeitraumToDate(202503) == ormelix.DateHelpers.DateSerial(2025, 3, 1)
     assert ormelix.RoundingHelpers.RoundTo(1234.565, 2) == 1234.57
