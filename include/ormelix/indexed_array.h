@@ -1,7 +1,8 @@
-// Arrays with the index ranges of the domain: months 0..12 (MonthArray), months
-// 1..12 (Month1Array), and grids such as line 1..5 x month 0..12. An index outside
-// the range is std::out_of_range naming the property and the index, at once, in
-// the getter as in the setter.
+/// \file
+/// Arrays with the index ranges of the domain: months 0..12 (MonthArray), months
+/// 1..12 (Month1Array), and grids such as line 1..5 x month 0..12. An index outside
+/// the range is std::out_of_range naming the property and the index, at once, in
+/// the getter as in the setter.
 #pragma once
 
 #include <array>
@@ -18,19 +19,34 @@ namespace detail {
 }
 }  // namespace detail
 
+/// \brief A checked array of the indices Low to High: a bad index is
+/// std::out_of_range naming the property and the index.
 template <class T, int Low, int High>
 class IndexedArray {
  public:
+  /// \name Index range
+  ///@{
+
+  /// The lowest and highest index.
   static constexpr int kLow = Low;
   static constexpr int kHigh = High;
+  ///@}
 
+  /// Every element T{}; name is the property's, for the message of a bad index.
   explicit IndexedArray(const char* name = nullptr) : name_(name) { values_.fill(T{}); }
 
+  /// \name Element access
+  ///@{
+
+  /// The element at index, Low to High; std::out_of_range outside, in the getter as
+  /// in the setter. `a(i)` reads as the domain's indexed property, `a[i]` as C++.
   T& operator[](int index) { return values_[Offset(index)]; }
   const T& operator[](int index) const { return values_[Offset(index)]; }
   T& operator()(int index) { return values_[Offset(index)]; }
   const T& operator()(int index) const { return values_[Offset(index)]; }
+  ///@}
 
+  /// The property's name, as given at construction (nullptr for none).
   const char* Name() const { return name_; }
 
  private:
@@ -43,11 +59,14 @@ class IndexedArray {
   const char* name_;
 };
 
+/// A month array 0 to 12: element 0 exists but is never loaded or saved.
 template <class T>
 using MonthArray = IndexedArray<T, 0, 12>;
+/// A month array 1 to 12: there is no element 0.
 template <class T>
 using Month1Array = IndexedArray<T, 1, 12>;
 
+/// \cond INTERNAL
 // The storage of the grids below: a block of cells per month, allocated at the
 // first write into that month, so that an object with many grids that a load
 // leaves untouched (the wage-type lines of an employee without any) costs a pointer
@@ -97,14 +116,20 @@ class MonthBlocks {
 
   std::unique_ptr<Months> months_;
 };
+/// \endcond
 
-// Two indices (a, month): a in ALow..AHigh, month 0..12.
+/// Two indices (a, month): a in ALow..AHigh, month 0..12.
 template <class T, int ALow, int AHigh>
 class MonthGrid {
  public:
+  /// Every cell T{}; name is the property's, for the message of a bad index.
   explicit MonthGrid(const char* name = nullptr) : name_(name) {}
 
-  // The first index is checked before the month.
+  /// \name Cell access
+  ///@{
+
+  /// The cell (a, month); std::out_of_range for a bad index. The first index is
+  /// checked before the month. A read of a cell never written gives T{}.
   T& operator()(int a, int month) {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
@@ -113,7 +138,8 @@ class MonthGrid {
     const std::size_t at = Offset(a);
     return values_.At(Month(month), at);
   }
-  // False while no value has been written.
+  ///@}
+  /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:
@@ -130,13 +156,18 @@ class MonthGrid {
   const char* name_;
 };
 
-// Three indices (a, b, month): a in ALow..AHigh, b in BLow..BHigh, month 0..12.
+/// Three indices (a, b, month): a in ALow..AHigh, b in BLow..BHigh, month 0..12.
 template <class T, int ALow, int AHigh, int BLow, int BHigh>
 class MonthGrid3 {
  public:
+  /// Every cell T{}; name is the property's, for the message of a bad index.
   explicit MonthGrid3(const char* name = nullptr) : name_(name) {}
 
-  // The indices are checked in order: a, b, month.
+  /// \name Cell access
+  ///@{
+
+  /// The cell (a, b, month); std::out_of_range for a bad index. The indices are
+  /// checked in order: a, b, month. A read of a cell never written gives T{}.
   T& operator()(int a, int b, int month) {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
@@ -145,7 +176,8 @@ class MonthGrid3 {
     const std::size_t at = Offset(a, b);
     return values_.At(Month(month), at);
   }
-  // False while no value has been written.
+  ///@}
+  /// False while no value has been written.
   bool Allocated() const { return values_.Allocated(); }
 
  private:

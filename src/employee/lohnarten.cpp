@@ -133,16 +133,6 @@ void LoadGroup(const RowsByMonthAndGroup& rows, LLohn& lohn, int group, int mont
   }
 }
 
-// Moves past the rows of the group whose SortNr is no line 1..5: a save leaves them
-// as they are rather than write a line into them.
-void SkipStrayRows(Recordset& rs, int sort_nr) {
-  while (!rs.Eof()) {
-    const int line = ToInteger(rs.Fields(sort_nr));
-    if (line >= 1 && line <= 5) return;
-    rs.MoveNext();
-  }
-}
-
 }  // namespace
 
 const ColumnSet<LohnartenLine>& LohnartenColumns(int pLohnarttyp) {
@@ -205,11 +195,11 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
       adLockOptimistic);
   const int sort_nr = rs->FieldIndex("SortNr");
   for (int group = 1; group <= MaxAnzahl; ++group) {
-    // The group's rows in the order of SortNr take the lines in order; SortNr of a
-    // row that is there already is not touched.
+    // The group's rows in the order of SortNr take the lines in order, line i into
+    // the i-th row whatever number it carries (0 or 7 alike); SortNr of a row that
+    // is there already is not touched, and rows are added only past the last one.
     rs->Filter("[Lohnarttyp]=" + std::to_string(group));
     for (int line = 1; line <= 5; ++line) {
-      SkipStrayRows(*rs, sort_nr);
       if (rs->Eof()) {
         rs->AddNew();
         rs->Collect("MitarbeiterID", Variant(pMitarbeiterID));

@@ -18,8 +18,8 @@ bool clsGemeinde::Load(const std::string& pGemeindenummer) {
     id_ = ToText(rs->Fields("ID"));
     gemeinde_ = ToText(rs->Fields("Gemeinde"));
     sachbearbeiter_ = ToText(rs->Fields("Sachbearbeiter"));
-    // The statement names the number twice; the table's own column is asked for.
-    kennziffer_ = ToText(rs->Fields("Gemeinden.Gemeindenummer"));
+    // The statement names the number twice; the name gives the first of the two.
+    kennziffer_ = ToText(rs->Fields("Gemeindenummer"));
     strasse_ = ToText(rs->Fields("Strasse"));
     plz_ = ToText(rs->Fields("PLZ"));
     ort_ = ToText(rs->Fields("Ort"));

@@ -18,13 +18,16 @@ constexpr std::size_t kFilterCacheLimit = 256;
 }  // namespace
 
 ColumnLayout::ColumnLayout(std::vector<ColumnInfo> columns) : columns_(std::move(columns)) {
+  // A name that several columns share (a join of two tables with an ID, or
+  // "SELECT DISTINCT([x]) AS[x], *") names the first of them, as the domain's
+  // stores answered. "table.column" names the table's own column: the last of that
+  // table and name, since the store reports the table of a column picked out
+  // before the "*" as well, and the "*" comes last.
   for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
-    auto [exact, fresh] = exact_.emplace(columns_[i].name, i);
-    if (!fresh) exact->second = -2;
     std::string folded = FoldCase(columns_[i].name);
-    auto [it, inserted] = folded_.emplace(folded, i);
-    if (!inserted) it->second = -2;
-    if (!columns_[i].table.empty()) qualified_.emplace(FoldCase(columns_[i].table) + "." + folded, i);
+    if (!columns_[i].table.empty()) qualified_.insert_or_assign(FoldCase(columns_[i].table) + "." + folded, i);
+    auto first = folded_.emplace(std::move(folded), i).first;
+    exact_.emplace(columns_[i].name, first->second);
   }
 }
 

@@ -24,14 +24,14 @@ struct ColumnInfo {
 
 // The columns of a result and their lookup by name, made once per statement and
 // shared by every recordset of it. Names are found as given or without regard to
-// case; a name two columns share is found only as "table.column".
+// case, or as "table.column"; a name two columns share finds the first of them.
 class ColumnLayout {
  public:
   explicit ColumnLayout(std::vector<ColumnInfo> columns);
 
   const std::vector<ColumnInfo>& Columns() const { return columns_; }
   std::size_t Size() const { return columns_.size(); }
-  // The column index, -1 for an unknown name, -2 for an ambiguous one.
+  // The column index, -1 for an unknown name.
   int Lookup(std::string_view name) const;
 
   // A filter text parsed against these columns, kept: the recordsets of one

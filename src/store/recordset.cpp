@@ -171,9 +171,6 @@ struct Recordset::Impl {
 
   int Resolve(std::string_view name) const {
     int column = Lookup(name);
-    if (column == -2)
-      throw StoreError("ambiguous field name", std::string(name),
-                       "more than one column is called so in: " + sql + "; name it as table.column");
     if (column < 0) throw StoreError("unknown field name", std::string(name), "no such column in: " + sql);
     return column;
   }
@@ -261,12 +258,7 @@ struct Recordset::Impl {
   }
 
   FilterNode Parse(std::string_view criteria) const {
-    return detail::ParseFilter(criteria, [this](std::string_view name) {
-      int column = Lookup(name);
-      if (column == -2)
-        throw StoreError("cannot parse filter", std::string(name), "the field name is ambiguous in: " + sql);
-      return column;
-    });
+    return detail::ParseFilter(criteria, [this](std::string_view name) { return Lookup(name); });
   }
 
   void RequireWritable() const {

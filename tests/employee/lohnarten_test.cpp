@@ -1,6 +1,6 @@
 // Wage-type lines: the grid of 40 rows a save writes for AktMonat, the decimals the
 // store keeps, the markings that belong to one group each, what a load leaves
-// alone, and stored rows that stand for no line.
+// alone, and stored rows whose SortNr names no line.
 #include <gtest/gtest.h>
 
 #include "employee_fixture.h"
@@ -146,20 +146,32 @@ TEST_F(LohnartenTest, TheMarkedPartsAnswerFromTheStoredLines) {
   EXPECT_EQ(lohn->GetDBDZKST_frei(4), 0);
 }
 
-TEST_F(LohnartenTest, RowsThatStandForNoLineAreNeverTakenForOne) {
-  auto lohn = Loaded(manager, id);  // loaded before the stray rows come
+TEST_F(LohnartenTest, ASaveTakesAGroupsRowsInOrderWhateverLineTheirSortNrNames) {
+  auto lohn = Loaded(manager, id);  // loaded before the other program's rows come
   const std::string group9 = AddLine(202403, 9, 1, {{"Bezeichnung", "Gruppe 9"}});
   const std::string line0 = AddLine(202403, 1, 0, {{"Bezeichnung", "Zeile 0"}});
-  AddLine(202403, 1, 2, {{"Bezeichnung", "zweite"}});
+  const std::string line2 = AddLine(202403, 1, 2, {{"Bezeichnung", "zweite"}});
+  const std::string line7 = AddLine(202403, 7, 7, {{"Bezeichnung", "sieben"}});
   lohn->ZSL_Text(1, 1, 3) = "eins";
+  lohn->ZSL_Text(1, 2, 3) = "zwei";
+  lohn->SonstigeAbz_text(1, 3) = "Vorschuss";
   lohn->Update(*manager, ucTableLohnarten);
+  // A row of no group 1..8 is no row of any group's filter.
   EXPECT_EQ(ToText(Stored("Mitarbeiter_Lohnarten", "[ID]=" + group9, "Bezeichnung")), "Gruppe 9");
-  EXPECT_EQ(ToText(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line0, "Bezeichnung")), "Zeile 0");
-  EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnarten"), 42);
-  // The existing row of group 1 takes line 1 although its SortNr says 2: rows are
-  // taken in order, and a stored SortNr is not rewritten.
-  EXPECT_EQ(ToText(LineColumn(202403, 1, 2, "Bezeichnung")), "eins");
+  // Line 1 goes into the first row by SortNr (0), line 2 into the second (2), and
+  // neither SortNr is rewritten; the group gets rows only for lines 3 to 5.
+  EXPECT_EQ(ToText(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line0, "Bezeichnung")), "eins");
+  EXPECT_EQ(ToInteger(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line0, "SortNr")), 0);
+  EXPECT_EQ(ToText(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line2, "Bezeichnung")), "zwei");
+  EXPECT_EQ(ToText(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line7, "Bezeichnung")), "Vorschuss");
+  EXPECT_EQ(ToInteger(Stored("Mitarbeiter_Lohnarten", "[ID]=" + line7, "SortNr")), 7);
+  EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnarten", "[Lohnarttyp]=1"), 5);
+  EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnarten", "[Lohnarttyp]=7"), 5);
+  EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnarten"), 41);
+  for (int line = 3; line <= 5; ++line)
+    EXPECT_EQ(test::CountRows(db, "Mitarbeiter_Lohnarten", Row(202403, 1, line)), 1) << line;
 
+  // The load still refuses a row that stands for no line.
   try {
     Loaded(manager, id);
     ADD_FAILURE() << "a stored SortNr 0 was loaded";

@@ -25,3 +25,15 @@ message(STATUS "${out}")
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "the host failed: ${rc}")
 endif()
+
+# The module and its stubs, installed where that Python finds them below the prefix.
+if(PYTHON)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${prefix}/${PYTHON_DIR} PYTHONDONTWRITEBYTECODE=1
+    ${PYTHON} -c "import os, ormelix; here = os.path.dirname(ormelix.__file__); \
+assert os.path.isfile(os.path.join(here, 'ormelix.pyi')), 'no stubs beside the module'; print(here)"
+    RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT rc EQUAL 0 OR NOT out STREQUAL "${prefix}/${PYTHON_DIR}")
+    message(FATAL_ERROR "the installed module ormelix was not found in ${prefix}/${PYTHON_DIR}: ${out} ${err}")
+  endif()
+  message(STATUS "the module ormelix imports from ${out}")
+endif()

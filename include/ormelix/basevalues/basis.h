@@ -1,7 +1,3 @@
-// LBasis: one dated table of a base-value folder, a row of Basiswerte_Zeittabelle.
-// It holds a complete set of statutory values, valid from its period until the
-// next table of the folder begins, in eight sub-objects. Tables do not inherit
-// from each other: what is not set in a table is zero.
 #pragma once
 
 #include <memory>
@@ -20,19 +16,37 @@
 
 namespace ormelix {
 
+/// One dated table of a base-value folder, a row of Basiswerte_Zeittabelle.
+/// It holds a complete set of statutory values, valid from its period until the
+/// next table of the folder begins, in eight sub-objects. Tables do not inherit
+/// from each other: what is not set in a table is zero.
+///
+/// Its row of Basiswerte_Zeittabelle holds Datum (the start period) and
+/// Bezeichnung; each sub-object has tables of its own below it (see SW, LST, SA,
+/// PP, FB, DG, DGM, ALV), with cascading deletes.
 class LBasis {
  public:
+  /// A blank table with its eight sub-objects, not saved.
   LBasis();
 
-  // The key in the form SqlID gives; "" until saved.
+  /// The key in the form SqlID gives; "" until saved.
   const std::string& ID() const { return id_; }
-  // The start period (column Datum, a yyyymm key, not a date). The object stays;
-  // its Item may be changed, which moves the table in the store at Update.
+  /// The start period (column Datum, a yyyymm key, not a date). The object stays;
+  /// its Item may be changed, which moves the table in the store at Update.
   const std::shared_ptr<clsZeitraum>& Zeitraum() const { return zeitraum_; }
-  // The first day of the start period.
+  /// The first day of the start period.
   Date Datum_Von() const;
-  std::string Bezeichnung;
+  std::string Bezeichnung;  ///< the table's name (column Bezeichnung)
 
+  /// \name The eight sub-objects
+  ///@{
+
+  /// The sub-objects, created with the table and never replaced.
+  ///
+  /// The sub-objects, created with the table and never replaced: wage-group rates
+  /// (SW), wage-tax bands (LST), contribution rates (SA), commuter allowances (PP),
+  /// allowances and deductions (FB), employer contributions (DG), marginal
+  /// employment (DGM) and unemployment-insurance bounds (ALV).
   const std::shared_ptr<LBasis_SW>& SW() const { return sw_; }
   const std::shared_ptr<LBasis_LST>& LST() const { return lst_; }
   const std::shared_ptr<LBasis_SA>& SA() const { return sa_; }
@@ -41,18 +55,23 @@ class LBasis {
   const std::shared_ptr<LBasis_DG>& DG() const { return dg_; }
   const std::shared_ptr<LBasis_DG_GF>& DGM() const { return dgm_; }
   const std::shared_ptr<LBasis_ALV>& ALV() const { return alv_; }
+  ///@}
 
-  // Writes the table row and all eight sub-objects, under the table's own folder.
+  /// Writes the table row and all eight sub-objects, under the table's own folder:
+  /// Basiswerte_Zeittabelle and its sub-tables.
   void Update();
-  // Reads the row and all eight sub-objects again; what was not saved is lost.
-  // The wage-tax bands are appended to those in memory (call LST()->Clear() first).
+  /// Reads the row and all eight sub-objects again; what was not saved is lost.
+  /// Reads Basiswerte_Zeittabelle and its sub-tables.
+  /// The wage-tax bands are appended to those in memory (call LST()->Clear() first).
   void Refresh();
 
+  /// \cond INTERNAL
   // Library-internal: key, folder and session, as the table routines set them.
   void SetID(std::string pID) { id_ = std::move(pID); }
   const std::string& BasisID() const { return basis_id_; }
   void SetBasisID(std::string pBasisID) { basis_id_ = std::move(pBasisID); }
   void SetManager(const std::shared_ptr<clsManager>& pManager) { manager_.Set(pManager); }
+  /// \endcond
 
  private:
   std::string id_;

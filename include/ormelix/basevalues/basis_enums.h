@@ -1,13 +1,14 @@
-// The axes along which a statutory value is addressed: employee group (for the
-// wage-group rates and for the employer contributions, two different lists),
-// insurance group, length of an apprenticeship and province. The values are those
-// the tables store in DNGruppe, VGruppe and SortNr.
+/// \file
+/// The axes along which a statutory value is addressed: employee group (for the
+/// wage-group rates and for the employer contributions, two different lists),
+/// insurance group, length of an apprenticeship and province. The values are those
+/// the tables store in DNGruppe, VGruppe and SortNr.
 #pragma once
 
 namespace ormelix {
 
-// Employee groups of the wage-group rates (column DNGruppe of
-// Basiswerte_Zeittabelle_SW_Werte as written). Apprentices appear once per kind.
+/// Employee groups of the wage-group rates (column DNGruppe of
+/// Basiswerte_Zeittabelle_SW_Werte as written). Apprentices appear once per kind.
 enum eBasisSWDienstnehmergruppe {
   eBasisSWGeschäftsführer = 1,
   eBasisSWAngestellte = 2,
@@ -22,7 +23,7 @@ enum eBasisSWDienstnehmergruppe {
   eBasisSWLehrlingForstArbeiter = 11
 };
 
-// Insurance groups of the contribution rates (column VGruppe).
+/// Insurance groups of the contribution rates (column VGruppe).
 enum eBasisSAVersicherungsgruppe {
   eBasisSAArbeitslosenversicherung = 1,
   eBasisSAKrankenversicherung = 2,
@@ -42,10 +43,10 @@ enum eBasisSAVersicherungsgruppe {
   eBasisSAKrankenversicherungLehrlingeBis2016 = 16
 };
 
-// Employee groups of the employer contributions (column DNGruppe of
-// Basiswerte_Zeittabelle_DG_Werte and _DG_Geringfügig_Werte). The mixed case of the
-// names is theirs. Value 5 is the column of the harvest hands, which the value
-// objects call Ferialpraktikant.
+/// Employee groups of the employer contributions (column DNGruppe of
+/// Basiswerte_Zeittabelle_DG_Werte and _DG_Geringfügig_Werte). The mixed case of the
+/// names is theirs. Value 5 is the column of the harvest hands, which the value
+/// objects call Ferialpraktikant.
 enum eBasisDGDienstnehmergruppe {
   eBasisDGGeschäftsführer = 1,
   eBasisDGAngestellte = 2,
@@ -89,12 +90,17 @@ enum eBasisDGDienstnehmergruppe {
   eBasisdgLehrlingForstArbeiter52016 = 40
 };
 
-// The total length of an apprenticeship: the index of the apprentice arrays and the
-// column SortNr of the apprentice rows.
-enum eBasisLehrjahre { eBasis2Lehrjahre = 1, eBasis3Lehrjahre = 2, eBasis35Lehrjahre = 3, eBasis4Lehrjahre = 4 };
+/// The total length of an apprenticeship: the index of the apprentice arrays and the
+/// column SortNr of the apprentice rows.
+enum eBasisLehrjahre {
+  eBasis2Lehrjahre = 1,   ///< two years
+  eBasis3Lehrjahre = 2,   ///< three years
+  eBasis35Lehrjahre = 3,  ///< three and a half years
+  eBasis4Lehrjahre = 4    ///< four years
+};
 
-// The provinces: the index of LBasis_DG::DZBL, columns DZBL_B to DZBL_W. Of fixed
-// width, as the employee's year data stores a province as a 32-bit number.
+/// The provinces: the index of LBasis_DG::DZBL, columns DZBL_B to DZBL_W. Of fixed
+/// width, as the employee's year data stores a province as a 32-bit number.
 enum eBasisBundesländer : int {
   eBasisBurgenland = 1,
   eBasisKärnten = 2,

@@ -1,4 +1,3 @@
-// clsMandant_Finanzamt: the employer's tax office, a row of Mandanten_Finanzamt.
 #pragma once
 
 #include <string>
@@ -9,28 +8,41 @@ namespace ormelix {
 
 class clsMandant;
 
+/// The employer's tax office, a row of Mandanten_Finanzamt.
 class clsMandant_Finanzamt {
  public:
-  std::string ID;
+  std::string ID;  ///< the key of the row, in its SqlID form
+  /// \name The tax office
+  ///@{
+
+  /// The tax office's name and number (columns of their own name).
   std::string Finanzamt;
   std::string FinanzamtNr;
-  // The employer's tax number.
+  ///@}
+  /// The employer's tax number.
   std::string SteuerNr;
-  // The tax office's bank connection.
+  /// The tax office's bank connection.
   std::string Bank;
+  /// \name The tax office's bank (columns of their own name)
+  ///@{
+
+  /// IBAN and BIC of the tax office's bank.
   std::string IBAN;
   std::string BIC;
+  ///@}
 
+  /// \cond INTERNAL
   // Library-internal: clsMandant hands over the pay store and loads the record.
   void InitLohnDB(const StoreConnectionPtr& pDatabase) { lohn_db_ = pDatabase; }
   // Reads the employer's row; no row (or no store) changes nothing and gives False.
   bool LoadMandantFinanzamt(const std::string& pID);
+  /// \endcond
 
-  // Writes the record for the employer pMandant. False, touching nothing, without
-  // an employer, without a key on either side, or without a store. A record
-  // without a key selects the whole table: a row is added only to an empty table,
-  // and otherwise the first row is overwritten. Afterwards ID is the key of the
-  // row written.
+  /// Writes the record for the employer pMandant into Mandanten_Finanzamt. False, touching nothing, without
+  /// an employer, without a key on either side, or without a store. A record
+  /// without a key selects the whole table: a row is added only to an empty table,
+  /// and otherwise the first row is overwritten. Afterwards ID is the key of the
+  /// row written.
   bool Update(const clsMandant* pMandant = nullptr);
 
  private:

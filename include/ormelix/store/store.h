@@ -1,7 +1,8 @@
-// The store as the domain logic sees it: a StoreConnection that the host opens and
-// hands to the session, and the StoreSession it gives out, which runs statements.
-// SQL texts are written in the Jet flavour the domain uses and translated once per
-// distinct text into the backend's dialect.
+/// \file
+/// The store as the domain logic sees it: a StoreConnection that the host opens and
+/// hands to the session, and the StoreSession it gives out, which runs statements.
+/// SQL texts are written in the Jet flavour the domain uses and translated once per
+/// distinct text into the backend's dialect.
 #pragma once
 
 #include <memory>
@@ -21,23 +22,40 @@ class Backend;
 std::shared_ptr<Backend> BackendOf(const StoreSession& session);
 }  // namespace detail
 
+/// \brief An open store that runs statements: the SQL of the domain in, recordsets
+/// and row counts out.
+///
+/// Reached through StoreConnection::Session. SQL is written in the Jet flavour the
+/// domain uses (`[brackets]`, `DELETE *`, `LCASE`, `FALSE`, IDs as `{GUID}` literals)
+/// and translated once per distinct text into SQLite's or PostgreSQL's dialect.
+/// Exactly one statement per call: trailing SQL is refused with a StoreError that
+/// names the statement, as is any statement the backend refuses.
 class StoreSession {
  public:
+  /// \cond INTERNAL
+  // Library-internal: StoreConnection::Open and CreateStore make the session.
   explicit StoreSession(std::shared_ptr<detail::Backend> backend);
+  /// \endcond
+  /// Closes the store if it is open.
   ~StoreSession();
 
-  // Runs a statement and gives its rows; the recordset stands on the first row,
-  // or at EOF when there are none.
+  /// Runs a statement and gives its rows; the recordset stands on the first row,
+  /// or at EOF when there are none.
   std::unique_ptr<Recordset> OpenRecordset(std::string_view sql, CursorTypeEnum cursor = adOpenForwardOnly,
                                            LockTypeEnum lock = adLockReadOnly);
-  // Runs an action statement; the result is the number of rows it touched.
+  /// Runs an action statement; the result is the number of rows it touched.
   Variant ExecuteSql(std::string_view sql, bool flag = true);
 
+  /// True while the store is open.
   bool IsOpen() const;
-  // Opens the database again with what StorePath and StoreConnect gave earlier.
+  /// Opens the database again with what StorePath and StoreConnect gave earlier.
   void OpenStore(const std::string& path, const std::string& connect);
+  /// Closes the store; statements fail until OpenStore.
   void CloseStore();
+  /// The path (a file, or a connection string without its password) the store was
+  /// opened with.
   std::string StorePath() const;
+  /// The connect text the store was opened with ("" for SQLite).
   std::string StoreConnect() const;
 
  private:
@@ -46,22 +64,22 @@ class StoreSession {
   friend class StoreSharedReads;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
   std::shared_ptr<detail::Backend> backend_;
-  int write_depth_ = 0;  // open StoreWriteTransaction scopes
-  int read_depth_ = 0;   // open StoreReadSnapshot scopes
-  int shared_depth_ = 0;  // open StoreSharedReads scopes
-  // The rows read in the open StoreSharedReads scopes, by statement text.
+  int write_depth_ = 0;  ///< open StoreWriteTransaction scopes
+  int read_depth_ = 0;   ///< open StoreReadSnapshot scopes
+  int shared_depth_ = 0;  ///< open StoreSharedReads scopes
+  /// The rows read in the open StoreSharedReads scopes, by statement text.
   std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> shared_rows_;
 };
 
-// Reads of one scope see one state of the store: a load of many employees reads
-// each of them as the store stood at the start of the load, not some before and
-// some after another program's save, and the store's read lock is taken once for
-// the whole load instead of once per statement. Scopes nest; the outermost one
-// decides. A write within the scope ends the snapshot (the write is made durable
-// by its own transaction), and the reads after it see the store as it is.
+/// Reads of one scope see one state of the store: a load of many employees reads
+/// each of them as the store stood at the start of the load, not some before and
+/// some after another program's save, and the store's read lock is taken once for
+/// the whole load instead of once per statement. Scopes nest; the outermost one
+/// decides. A write within the scope ends the snapshot (the write is made durable
+/// by its own transaction), and the reads after it see the store as it is.
 class StoreReadSnapshot {
  public:
-  // Nothing happens for a closed store: the reads fail on their own.
+  /// Nothing happens for a closed store: the reads fail on their own.
   explicit StoreReadSnapshot(StoreSession* session);
   ~StoreReadSnapshot();
   StoreReadSnapshot(const StoreReadSnapshot&) = delete;
@@ -72,18 +90,18 @@ class StoreReadSnapshot {
   bool outermost_ = false;
 };
 
-// Within its scope the read-only recordsets of one statement text share the rows
-// of the first read of that text (with the indexes their filters made) instead
-// of reading them again: a load that reads a whole table for each of many objects
-// (the value tables of the base values, for every dated table) reads it once, so
-// that it grows with the store and not with its square. It holds a read snapshot,
-// so the shared rows are what a new read would give; a write within its scope
-// (a recordset opened for writing, an action statement, a write transaction)
-// drops what was shared, and the reads after it read afresh. Scopes nest; the
-// rows go with the outermost.
+/// Within its scope the read-only recordsets of one statement text share the rows
+/// of the first read of that text (with the indexes their filters made) instead
+/// of reading them again: a load that reads a whole table for each of many objects
+/// (the value tables of the base values, for every dated table) reads it once, so
+/// that it grows with the store and not with its square. It holds a read snapshot,
+/// so the shared rows are what a new read would give; a write within its scope
+/// (a recordset opened for writing, an action statement, a write transaction)
+/// drops what was shared, and the reads after it read afresh. Scopes nest; the
+/// rows go with the outermost.
 class StoreSharedReads {
  public:
-  // Nothing happens for a closed store.
+  /// Nothing happens for a closed store.
   explicit StoreSharedReads(StoreSession* session);
   ~StoreSharedReads();
   StoreSharedReads(const StoreSharedReads&) = delete;
@@ -94,33 +112,36 @@ class StoreSharedReads {
   StoreSession* session_;
 };
 
-// One write transaction of a session: what is read and written between its start
-// and Commit holds together, and another program's writes cannot come between
-// (a save that looks for its row and then inserts or changes it gives one row,
-// also when two programs save the same new row at once). Writes land with
-// Commit. A scope left without it (an exception unwinding) rolls them back, or,
-// made with KeepWritten, keeps what was written before the failure, as the
-// library's own saves do (a save that fails half-way leaves what it had written,
-// as it always has; the transaction only keeps other programs out meanwhile).
-// A store that has moved or gone gets nothing either way.
-//
-// Scopes nest: an inner scope begins and commits nothing, so a routine that saves
-// one record can be called alone or from a larger save; the outermost scope
-// decides. Close the recordsets of the transaction (or call their Update) before
-// Commit: a pending row is written only then.
+/// One write transaction of a session: what is read and written between its start
+/// and Commit holds together, and another program's writes cannot come between
+/// (a save that looks for its row and then inserts or changes it gives one row,
+/// also when two programs save the same new row at once). Writes land with
+/// Commit. A scope left without it (an exception unwinding) rolls them back, or,
+/// made with KeepWritten, keeps what was written before the failure, as the
+/// library's own saves do (a save that fails half-way leaves what it had written,
+/// as it always has; the transaction only keeps other programs out meanwhile).
+/// A store that has moved or gone gets nothing either way.
+///
+/// Scopes nest: an inner scope begins and commits nothing, so a routine that saves
+/// one record can be called alone or from a larger save; the outermost scope
+/// decides. Close the recordsets of the transaction (or call their Update) before
+/// Commit: a pending row is written only then.
 class StoreWriteTransaction {
  public:
-  // What a scope left without Commit does with the writes made so far.
-  enum OnUnwind { RollBack, KeepWritten };
+  /// What a scope left without Commit does with the writes made so far.
+  enum OnUnwind {
+    RollBack,    ///< undo them
+    KeepWritten  ///< keep them, as the library's own saves do
+  };
 
-  // Takes the store's write lock; StoreError when the store is read-only, locked by
-  // another program longer than the busy timeout, or has moved or gone.
+  /// Takes the store's write lock; StoreError when the store is read-only, locked by
+  /// another program longer than the busy timeout, or has moved or gone.
   explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack);
   ~StoreWriteTransaction();
   StoreWriteTransaction(const StoreWriteTransaction&) = delete;
   StoreWriteTransaction& operator=(const StoreWriteTransaction&) = delete;
 
-  // Makes the writes durable (the outermost scope) or does nothing (an inner one).
+  /// Makes the writes durable (the outermost scope) or does nothing (an inner one).
   void Commit();
 
  private:
@@ -130,20 +151,28 @@ class StoreWriteTransaction {
   bool open_ = true;
 };
 
+/// \brief A store as the host hands it to the session (clsManager::SetAktDB,
+/// SetImportDB): an SQLite file or a database on a PostgreSQL server.
+///
+/// A host opens one with Open (an existing store) or CreateStore (a new one from the
+/// shipped schema) and shares it as a StoreConnectionPtr.
 class StoreConnection {
  public:
-  // Opens an existing store. connect selects the backend: "" or "sqlite" for an
-  // SQLite file at path. A missing file or one that is no database is a StoreError.
+  /// Opens an existing store. connect selects the backend: "" or "sqlite" for an
+  /// SQLite file at path. A missing file or one that is no database is a StoreError.
   static std::shared_ptr<StoreConnection> Open(const std::string& path, const std::string& connect = "");
 
+  /// A connection around a session made by the library.
   explicit StoreConnection(std::shared_ptr<StoreSession> session) : session_(std::move(session)) {}
 
+  /// The session that runs the statements.
   StoreSession& Session() const { return *session_; }
 
  private:
   std::shared_ptr<StoreSession> session_;
 };
 
+/// A shared store: the form in which the session and the employer classes hold it.
 using StoreConnectionPtr = std::shared_ptr<StoreConnection>;
 
 }  // namespace ormelix
