@@ -20,4 +20,17 @@ bool EqualsFolded(std::string_view a, std::string_view b);
 /// The text without leading and trailing spaces and tabs.
 std::string_view TrimBlanks(std::string_view text);
 
+/// The length of the well-formed UTF-8 sequence at text[i], 0 for a byte that
+/// starts none (a stray continuation byte, an overlong form, a surrogate, a code
+/// point past U+10FFFF, a sequence cut short).
+std::size_t Utf8Length(std::string_view text, std::size_t i);
+/// Appends a code point (up to U+10FFFF) in UTF-8.
+void AppendUtf8(std::string& out, char32_t code);
+/// True when the whole text is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
+
+/// Appends the text as a JSON string. Bytes that are no UTF-8 (a stored name
+/// written in another encoding) each become U+FFFD, so that the document stays valid.
+void AppendJsonString(std::string& out, std::string_view text);
+
 }  // namespace ormelix

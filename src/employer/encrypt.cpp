@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "ormelix/text.h"
+
 namespace ormelix {
 
 namespace {
@@ -24,19 +26,6 @@ int ByteOf(char32_t c) {
   for (std::size_t i = 0; i < kHighControls.size(); ++i)
     if (kHighControls[i] == c) return static_cast<int>(0x80 + i);
   return -1;
-}
-
-void AppendUtf8(std::string& out, char32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  }
 }
 
 // The next character of UTF-8 text from `at`, which it moves on; an ill-formed

@@ -116,6 +116,11 @@ std::string DoubleAsStoredText(double value) {
   return text;
 }
 
+void Backend::BackupInto(const std::string& file) {
+  throw StoreError("this store cannot be copied into a file", Path(),
+                   "a backup by file copies SQLite stores; a server has its own tools (PostgreSQL: pg_dump), not " + file);
+}
+
 void Backend::InsertRows(const std::string& table, const std::vector<std::string>& columns,
                          const std::vector<Variant>& cells) {
   std::vector<Variant> row(columns.size());

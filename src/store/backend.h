@@ -130,6 +130,14 @@ class Backend {
                          const std::vector<Variant>& values) = 0;
   virtual void DeleteRow(const std::string& table, const Variant& row_key) = 0;
 
+  // What the backend's own checks find wrong with the store (SQLite's
+  // integrity_check and foreign_key_check, PostgreSQL's catalog), a text each.
+  virtual std::vector<std::string> IntegrityProblems() = 0;
+  // Copies the store into a new file (mode 0600) by the backend's online backup.
+  // Within a read snapshot that has read, the copy holds what the snapshot reads.
+  // StoreError where the backend has no such copy, or the file exists.
+  virtual void BackupInto(const std::string& file);
+
   // The value as the store would hand it back from a column of that affinity.
   virtual Variant Normalize(const Variant& value, Affinity affinity) const = 0;
 

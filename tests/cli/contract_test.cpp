@@ -142,6 +142,10 @@ TEST_F(ContractTest, WithoutPermissionsOneLineSaysWhichPathMayNotBeUsed) {
   fs::copy_file(dir.File("payroll.db"), dir.Path() / "closed" / "payroll.db");
   fs::copy_file(dir.File("payroll.db"), dir.Path() / "readonly-store" / "payroll.db");
   fs::copy_file(dir.File("reference.db"), dir.Path() / "readonly-store" / "reference.db");
+  // Stores are made private; these two are opened to everyone on purpose.
+  for (const char* file : {"payroll.db", "reference.db"})
+    fs::permissions(dir.Path() / "readonly-store" / file, fs::perms::others_read | fs::perms::group_read,
+                    fs::perm_options::add);
   fs::permissions(dir.Path() / "closed", fs::perms::owner_all, fs::perm_options::replace);
   fs::permissions(dir.File("payroll.db"), fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::replace);
   const fs::perms read_only = fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |

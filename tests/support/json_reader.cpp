@@ -3,6 +3,8 @@
 #include <cctype>
 #include <cstdlib>
 
+#include "ormelix/text.h"
+
 namespace ormelix::test {
 
 class JsonParser {
@@ -56,7 +58,7 @@ class JsonParser {
         case 'n': out += '\n'; break;
         case 'r': out += '\r'; break;
         case 't': out += '\t'; break;
-        case 'u': AppendUtf8(out, ReadEscapedCodePoint()); break;
+        case 'u': ormelix::AppendUtf8(out, ReadEscapedCodePoint()); break;
         default: Fail(std::string("an unknown escape \\") + e);
       }
     }
@@ -94,23 +96,6 @@ class JsonParser {
     unsigned second = ReadHex4();
     if (second < 0xDC00 || second > 0xDFFF) Fail("a lone surrogate");
     return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
-  }
-  static void AppendUtf8(std::string& out, unsigned c) {
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else if (c < 0x800) {
-      out += static_cast<char>(0xC0 | (c >> 6));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-      out += static_cast<char>(0xE0 | (c >> 12));
-      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-      out += static_cast<char>(0xF0 | (c >> 18));
-      out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    }
   }
   // -?(0|[1-9][0-9]*)(.[0-9]+)?([eE][+-]?[0-9]+)?
   double ReadNumber() {

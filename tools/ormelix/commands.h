@@ -8,6 +8,7 @@
 
 #include "cli.h"
 #include "ormelix/session/manager.h"
+#include "ormelix/store/schema.h"
 
 namespace cli {
 
@@ -15,11 +16,19 @@ int Init(Arguments args);
 int Demo(Arguments args);
 int Show(Arguments args);
 int Copy(Arguments args);
+int Export(Arguments args);
+int Import(Arguments args);
+int Backup(Arguments args);
+int Check(Arguments args);
 
 extern const char* const kInitHelp;
 extern const char* const kDemoHelp;
 extern const char* const kShowHelp;
 extern const char* const kCopyHelp;
+extern const char* const kExportHelp;
+extern const char* const kImportHelp;
+extern const char* const kBackupHelp;
+extern const char* const kCheckHelp;
 
 // Where the payroll store and its reference store lie, for a folder (payroll.db
 // and reference.db in it), a payroll store file (reference.db beside it) or a
@@ -31,6 +40,23 @@ struct StoreLocations {
   bool server = false;
 };
 StoreLocations LocateStores(const std::string& where);
+
+// The payroll store at `where` (as LocateStores takes it) and the reference store
+// beside it (null when there is none), opened read-only if asked, checked as
+// OpenStores checks them.
+struct OpenedStores {
+  StoreLocations where;
+  ormelix::StoreConnectionPtr payroll;
+  ormelix::StoreConnectionPtr reference;
+};
+OpenedStores OpenStoreFiles(const std::string& where, bool read_only);
+
+// True when a store is at the location (a file, or a schema with the tables).
+bool StoreExists(const std::string& location, bool server);
+// The store at the location, made from the schema where there is none (and then
+// *created is set): a new file (its folder made), or the tables in an empty schema.
+ormelix::StoreConnectionPtr OpenOrCreateStore(const std::string& location, bool server, ormelix::StoreKind kind,
+                                              bool* created = nullptr);
 
 // A session on a payroll store (and the reference store beside it, if there is
 // one), opened read-only if asked. `where` is as LocateStores takes it. A missing

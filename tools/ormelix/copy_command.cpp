@@ -25,36 +25,10 @@ const char* const kCopyHelp =
 
 namespace {
 
-bool StoreExists(const std::string& location, bool server) {
-  if (!server) return std::filesystem::exists(location);
-  try {
-    ormelix::StoreConnection::Open(location, "readonly");
-    return true;
-  } catch (const ormelix::StoreError&) {
-    return false;  // no schema (or no tables) there yet: the copy makes the store
-  }
-}
-
-ormelix::StoreConnectionPtr OpenTarget(const std::string& location, bool server, ormelix::StoreKind kind) {
-  if (!server && !std::filesystem::exists(location)) {
-    std::filesystem::path folder = std::filesystem::path(location).parent_path();
-    if (!folder.empty()) std::filesystem::create_directories(folder);
-    return ormelix::CreateStore(location, kind);
-  }
-  if (server) {
-    try {
-      return ormelix::CreateStore(location, kind);
-    } catch (const ormelix::StoreError& error) {
-      if (error.BackendMessage().find("holds tables already") == std::string::npos) throw;
-    }
-  }
-  return ormelix::StoreConnection::Open(location);
-}
-
 void CopyOne(const std::string& from, const std::string& to, bool to_server, ormelix::StoreKind kind,
              bool replace) {
   auto source = ormelix::StoreConnection::Open(from, "readonly");
-  auto target = OpenTarget(to, to_server, kind);
+  auto target = OpenOrCreateStore(to, to_server, kind);
   if (!replace && ormelix::StoreHoldsRows(target, kind))
     throw UsageError("'" + ormelix::ShownLocation(to) +
                      "' holds rows already; copy goes into an empty store (or give --replace)");

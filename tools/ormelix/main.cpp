@@ -22,6 +22,10 @@ const char* const kUsage =
     "  show [--store PATH] WHAT show a store read-only: employers, employees, base, month,\n"
     "                           career, l16, countries\n"
     "  copy SRC DST             copy a store from SQLite to PostgreSQL or back\n"
+    "  export STORE DIR         write every table to a CSV (or JSON) file of its own\n"
+    "  import DIR STORE         read such files (or mdb-export's CSV) into a store\n"
+    "  backup STORE FILE        a consistent copy of a live SQLite store, verified\n"
+    "  check STORE              the store's integrity and the soundness of its rows\n"
     "\n"
     "ormelix COMMAND --help describes a command and its options. Bad input gives one line\n"
     "on standard error and exit status 2.\n";
@@ -37,6 +41,10 @@ const Command kCommands[] = {
     {"demo", cli::Demo, cli::kDemoHelp},
     {"show", cli::Show, cli::kShowHelp},
     {"copy", cli::Copy, cli::kCopyHelp},
+    {"export", cli::Export, cli::kExportHelp},
+    {"import", cli::Import, cli::kImportHelp},
+    {"backup", cli::Backup, cli::kBackupHelp},
+    {"check", cli::Check, cli::kCheckHelp},
 };
 
 void Fail(const std::string& command, std::string message) {
@@ -82,6 +90,6 @@ int main(int argc, char** argv) {
     }
     return 2;
   }
-  std::cerr << "ormelix: unknown command '" << name << "'; expected init, demo, show or copy (see ormelix --help)\n";
+  std::cerr << "ormelix: unknown command '" << name << "'; expected init, demo, show, copy, export, import, backup or check (see ormelix --help)\n";
   return 2;
 }

@@ -52,33 +52,72 @@ void RequireStoreFile(const fs::path& payroll) {
 
 }  // namespace
 
-std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool read_only) {
-  StoreLocations stores = LocateStores(where);
+OpenedStores OpenStoreFiles(const std::string& where, bool read_only) {
+  OpenedStores opened;
+  opened.where = LocateStores(where);
+  const StoreLocations& stores = opened.where;
   if (!stores.server) RequireStoreFile(stores.payroll);
   std::string connect = read_only ? "readonly" : "";
-  auto store = ormelix::StoreConnection::Open(stores.payroll, connect);
+  opened.payroll = ormelix::StoreConnection::Open(stores.payroll, connect);
   std::string shown = stores.server ? ormelix::ShownLocation(stores.payroll) : Shown(stores.payroll);
   try {
-    store->Session().OpenRecordset("SELECT [ID] FROM [Mandanten] WHERE [ID]=" + ormelix::ValueHelpers::SqlID(""));
+    opened.payroll->Session().OpenRecordset("SELECT [ID] FROM [Mandanten] WHERE [ID]=" + ormelix::ValueHelpers::SqlID(""));
   } catch (const ormelix::StoreError& error) {
     throw UsageError("'" + shown + "' is no payroll store (" + error.BackendMessage() +
                      "); expected a store made by ormelix init or ormelix demo");
   }
-  auto manager = ormelix::clsManager::Create();
-  manager->OpenAktDB(store);
   if (!stores.server) {
     if (KindAt(stores.reference) != fs::file_type::not_found) {
       RequireReadable(stores.reference);
-      manager->SetImportDB(ormelix::StoreConnection::Open(stores.reference, connect));
+      opened.reference = ormelix::StoreConnection::Open(stores.reference, connect);
     }
-    return manager;
+    return opened;
   }
   try {
-    manager->SetImportDB(ormelix::StoreConnection::Open(stores.reference, connect));
+    opened.reference = ormelix::StoreConnection::Open(stores.reference, connect);
   } catch (const ormelix::StoreError&) {
     // No reference schema beside the payroll store: it has none, as a folder may not.
   }
+  return opened;
+}
+
+std::shared_ptr<ormelix::clsManager> OpenStores(const std::string& where, bool read_only) {
+  OpenedStores opened = OpenStoreFiles(where, read_only);
+  auto manager = ormelix::clsManager::Create();
+  manager->OpenAktDB(opened.payroll);
+  if (opened.reference) manager->SetImportDB(opened.reference);
   return manager;
+}
+
+bool StoreExists(const std::string& location, bool server) {
+  if (!server) return fs::exists(location);
+  try {
+    ormelix::StoreConnection::Open(location, "readonly");
+    return true;
+  } catch (const ormelix::StoreError&) {
+    return false;  // no schema (or no tables) there yet
+  }
+}
+
+ormelix::StoreConnectionPtr OpenOrCreateStore(const std::string& location, bool server, ormelix::StoreKind kind,
+                                              bool* created) {
+  if (created) *created = false;
+  if (!server && !fs::exists(location)) {
+    fs::path folder = fs::path(location).parent_path();
+    if (!folder.empty()) fs::create_directories(folder);
+    if (created) *created = true;
+    return ormelix::CreateStore(location, kind);
+  }
+  if (server) {
+    try {
+      auto store = ormelix::CreateStore(location, kind);
+      if (created) *created = true;
+      return store;
+    } catch (const ormelix::StoreError& error) {
+      if (error.BackendMessage().find("holds tables already") == std::string::npos) throw;
+    }
+  }
+  return ormelix::StoreConnection::Open(location);
 }
 
 }  // namespace cli

@@ -13,6 +13,7 @@
 #include "../backend.h"
 #include "connection.h"
 #include "handles.h"
+#include "maintenance.h"
 #include "ormelix/error.h"
 #include "ormelix/text.h"
 
@@ -393,6 +394,11 @@ class PostgresBackend final : public Backend {
     if (std::exchange(joined_, false) || !std::exchange(own_write_, false) || !conn_) return;
     if (PQstatus(conn_.get()) != CONNECTION_OK || PQtransactionStatus(conn_.get()) == PQTRANS_IDLE) return;
     ResultHandle ignored(PQexec(conn_.get(), "ROLLBACK"));
+  }
+
+  std::vector<std::string> IntegrityProblems() override {
+    RequireOpen("the catalog");
+    return postgres::CatalogProblems(conn_.get(), server_);
   }
 
   Variant Normalize(const Variant& value, Affinity affinity) const override {

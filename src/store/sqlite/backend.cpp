@@ -13,7 +13,9 @@
 #include <utility>
 
 #include "../backend.h"
+#include "../private_file.h"
 #include "handles.h"
+#include "maintenance.h"
 #include "ormelix/store/sqlite_text.h"
 #include "upgrade.h"
 #include "ormelix/error.h"
@@ -118,8 +120,9 @@ class SqliteBackend final : public Backend {
     ConnectOptions options = ParseConnect(connect, path);
     bool memory = path == ":memory:";
     std::string shown = memory ? path : std::filesystem::absolute(path).string();
-    if (create && !memory && std::filesystem::exists(path))
-      throw StoreError("cannot create store", path, "the file exists already");
+    // A new store is made private (0600) before SQLite writes a byte into it; its
+    // side files take that mode from it.
+    if (create && !memory) CreatePrivateFile(path);
     if (!create && !memory && !std::filesystem::is_regular_file(path))
       throw StoreError("cannot open store", path, "no such file");
     // A connection serves one thread (the host's), so SQLite's own locking of it
@@ -133,8 +136,15 @@ class SqliteBackend final : public Backend {
     std::string setup = "SELECT count(*) FROM sqlite_master; PRAGMA foreign_keys=ON;";
     if (create) setup += " PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
     std::string message;
-    DatabaseHandle db = OpenConnection(path, flags, options);
-    int rc = Setup(db.get(), setup, message);
+    DatabaseHandle db;
+    int rc = SQLITE_OK;
+    try {
+      db = OpenConnection(path, flags, options);
+      rc = Setup(db.get(), setup, message);
+    } catch (const StoreError&) {
+      if (create && !memory) std::filesystem::remove(path);
+      throw;
+    }
     if (rc != SQLITE_OK && options.read_only && !create && !memory && NeedsSideFiles(rc)) {
       // A store with a write-ahead log is read through side files beside it; where
       // none can be made (a read-only folder or medium) it is read as it stands,
@@ -145,6 +155,8 @@ class SqliteBackend final : public Backend {
       rc = Setup(db.get(), setup, message);
     }
     if (rc != SQLITE_OK) {
+      db.Reset();
+      if (create && !memory) std::filesystem::remove(path);
       if (IsLocked(rc)) throw LockedError(shown, options.busy_timeout_ms, message, "opening it", rc);
       throw StoreError("cannot open store", path, message, rc);
     }
@@ -299,6 +311,16 @@ class SqliteBackend final : public Backend {
     sqlite3_stmt* stmt = Prepare(sql, sql).handle.get();
     Bind(stmt, {row_key}, sql);
     Run(stmt, sql);
+  }
+
+  std::vector<std::string> IntegrityProblems() override {
+    RequireOpen("PRAGMA integrity_check");
+    return sqlite::IntegrityProblems(db_.get());
+  }
+
+  void BackupInto(const std::string& file) override {
+    RequireOpen("backup");
+    sqlite::Backup(db_.get(), file);
   }
 
   Variant Normalize(const Variant& value, Affinity affinity) const override {
