@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "commands.h"
-#include "paths.h"
+#include "common/paths.h"
 #include "ormelix/error.h"
 #include "ormelix/session/messages.h"
 
