@@ -114,7 +114,7 @@ assert os.path.isfile(os.path.join(here, 'ormelix.pyi')), 'no stubs beside the m
 print(here)")
   set(packages ${prefix}/${PYTHON_DIR})
   if(MODE STREQUAL "deb")
-    set(packages ${prefix}/lib/python3/dist-packages)
+    set(packages ${prefix}/${PYTHON_USR_DIR})
   endif()
   must_run("importing the installed module"
     COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${packages} PYTHONDONTWRITEBYTECODE=1
