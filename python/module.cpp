@@ -7,6 +7,7 @@ PYBIND11_MODULE(ormelix, m) {
       "OrmelixCore, the data library of an Austrian payroll application: stores, the session clsManager, "
       "employers, base values, employees with their monthly pay records, careers, children, short-time work, "
       "benefits and countries, with the names the library has.";
+  m.attr("__version__") = ORMELIX_VERSION;
   DefineErrors(m);
   DefineEnums(m);
   DefineIndexedValues(m);

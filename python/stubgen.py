@@ -192,7 +192,7 @@ def write_submodule(out, name, module):
 
 
 def main(output):
-    out = [HEADER]
+    out = [HEADER, "__version__: str"]
     enums, aliases = [], []
     for name, value in sorted(vars(ormelix).items()):
         if name.startswith("_") or name == "IndexedArray":

@@ -123,4 +123,19 @@ TEST(Cli, HelpDescribesEveryCommand) {
   EXPECT_NE(run.out.find("l16"), std::string::npos);
 }
 
+TEST(Cli, VersionIsTheProjects) {
+  for (const char* word : {"--version", "version"}) {
+    auto run = RunTool({word});
+    EXPECT_EQ(run.status, 0) << word;
+    EXPECT_EQ(run.out, std::string("ormelix (OrmelixCore) ") + ORMELIX_VERSION + "\n") << word;
+    EXPECT_TRUE(run.err.empty()) << run.err;
+    auto extra = RunTool({word, "2025"});
+    EXPECT_EQ(extra.status, 2) << word;
+    EXPECT_EQ(Lines(extra.err), 1) << extra.err;
+    EXPECT_NE(extra.err.find("'2025'"), std::string::npos) << extra.err;
+    EXPECT_TRUE(extra.out.empty()) << extra.out;
+  }
+  EXPECT_NE(RunTool({"--help"}).out.find("--version"), std::string::npos);
+}
+
 }  // namespace

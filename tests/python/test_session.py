@@ -3,11 +3,13 @@ settings and recordsets, and the library's failures as Python exceptions."""
 
 import datetime
 import enum
+import re
+import subprocess
 
 import pytest
 
 import ormelix
-from conftest import ON_POSTGRES
+from conftest import ON_POSTGRES, TOOL
 
 
 def new_session(new_location):
@@ -27,6 +29,12 @@ def add_row(store, table, **values):
     row_id = rs.Fields("ID").Value()
     rs.Close()
     return row_id
+
+
+def test_the_module_and_the_command_name_one_version():
+    assert re.fullmatch(r"\d+\.\d+\.\d+", ormelix.__version__)
+    shown = subprocess.run([TOOL, "--version"], capture_output=True, text=True, check=True).stdout
+    assert shown == f"ormelix (OrmelixCore) {ormelix.__version__}\n"
 
 
 def test_new_stores_open_again_by_location(new_location):

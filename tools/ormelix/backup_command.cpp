@@ -4,7 +4,8 @@
 #include <sstream>
 
 #include "commands.h"
-#include "paths.h"
+#include "common/paths.h"
+#include "common/stores.h"
 #include "ormelix/store/backup.h"
 #include "ormelix/store/location.h"
 

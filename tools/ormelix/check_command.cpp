@@ -2,8 +2,9 @@
 #include <iostream>
 
 #include "commands.h"
-#include "json.h"
-#include "paths.h"
+#include "common/json.h"
+#include "common/paths.h"
+#include "common/stores.h"
 #include "ormelix/store/check.h"
 #include "ormelix/store/location.h"
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "commands.h"
+#include "common/stores.h"
 #include "ormelix/error.h"
 #include "ormelix/store/copy.h"
 #include "ormelix/store/location.h"

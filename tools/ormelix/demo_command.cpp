@@ -5,8 +5,9 @@
 #include <iostream>
 
 #include "commands.h"
-#include "demo.h"
-#include "paths.h"
+#include "common/paths.h"
+#include "common/stores.h"
+#include "demo/demo.h"
 #include "ormelix/store/location.h"
 #include "ormelix/store/schema.h"
 

@@ -7,7 +7,8 @@
 #include <sstream>
 
 #include "commands.h"
-#include "paths.h"
+#include "common/paths.h"
+#include "common/stores.h"
 #include "ormelix/store/exchange.h"
 #include "ormelix/store/location.h"
 

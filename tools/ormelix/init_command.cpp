@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "commands.h"
-#include "paths.h"
+#include "common/paths.h"
 #include "ormelix/store/location.h"
 #include "ormelix/store/schema.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "commands.h"
-#include "paths.h"
+#include "common/paths.h"
 #include "ormelix/error.h"
 #include "ormelix/session/messages.h"
 
@@ -27,8 +27,8 @@ const char* const kUsage =
     "  backup STORE FILE        a consistent copy of a live SQLite store, verified\n"
     "  check STORE              the store's integrity and the soundness of its rows\n"
     "\n"
-    "ormelix COMMAND --help describes a command and its options. Bad input gives one line\n"
-    "on standard error and exit status 2.\n";
+    "ormelix COMMAND --help describes a command and its options; ormelix --version names\n"
+    "the version. Bad input gives one line on standard error and exit status 2.\n";
 
 struct Command {
   const char* name;
@@ -63,6 +63,14 @@ int main(int argc, char** argv) {
   }
   if (words[0] == "--help" || words[0] == "-h" || words[0] == "help") {
     std::cout << kUsage;
+    return 0;
+  }
+  if (words[0] == "--version" || words[0] == "version") {
+    if (words.size() > 1) {
+      Fail(words[0], "takes no arguments; unexpected '" + words[1] + "'");
+      return 2;
+    }
+    std::cout << "ormelix (OrmelixCore) " ORMELIX_VERSION "\n";
     return 0;
   }
   ormelix::SetMessageSink([](const std::string& message) {

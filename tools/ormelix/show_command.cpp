@@ -1,17 +1,9 @@
 // ormelix show: a read-only look into any store.
-#include <algorithm>
-#include <iostream>
-#include <sstream>
-
 #include "commands.h"
-#include "json.h"
-#include "ormelix/employer/mandant.h"
-#include "ormelix/store/date_helpers.h"
-#include "ormelix/store/value_helpers.h"
-#include "career_view.h"
-#include "children_view.h"
-#include "show.h"
-#include "table.h"
+#include "common/stores.h"
+#include "show/career_view.h"
+#include "show/children_view.h"
+#include "show/show.h"
 
 namespace cli {
 
@@ -53,90 +45,6 @@ const char* const kShowHelp =
     "                                      indicator in force for the period\n"
     "\n"
     "  --json   print one JSON document instead of tables\n";
-
-namespace {
-
-std::vector<std::string> EmployerIds(ormelix::clsManager& manager) {
-  std::vector<std::string> ids;
-  auto rs = manager.AktDB()->Session().OpenRecordset("SELECT [ID] FROM [Mandanten] ORDER BY [Name] ASC, [Nr] ASC");
-  for (; !rs->Eof(); rs->MoveNext()) ids.push_back(ormelix::ValueHelpers::ToText(rs->Fields("ID")));
-  return ids;
-}
-
-int ShowEmployers(ormelix::clsManager& manager, Arguments& args, bool as_json) {
-  args.ExpectEnd("ormelix show employers [--json]");
-  json::Value list = json::Value::MakeArray();
-  TextTable table;
-  std::ostringstream details;
-  for (const char* header : {"ID", "Name", "Zusatz", "Anschrift", "DVR"}) table.Column(header);
-  for (const std::string& id : EmployerIds(manager)) {
-    manager.ChangeAktMandant(id);
-    const ormelix::clsMandant& m = *manager.AktMandant();
-    json::Value& employer = list.Push(EmployerJson(m));
-    AddSideRecords(manager, employer, details);
-    table.Row({m.ID(), m.Name, m.Zusatz, m.Strasse + ", " + m.PLZ + " " + m.Ort, m.DVR});
-  }
-  if (as_json) {
-    json::Value document = json::Value::MakeObject();
-    document.Set("employers", std::move(list));
-    std::cout << document.Dump();
-  } else {
-    table.Print(std::cout);
-    std::cout << details.str();
-  }
-  return 0;
-}
-
-}  // namespace
-
-void PrintPairs(std::ostream& out, const std::string& title, const std::vector<ColumnValue>& values,
-                bool skip_blank) {
-  out << "\n" << title << "\n";
-  TextTable table;
-  table.Column("Feld");
-  table.Column("Wert", TextTable::Right);
-  for (const ColumnValue& value : values)
-    if (!skip_blank || !IsBlank(value)) table.Row({value.name, ValueText(value)});
-  table.Print(out, "  ");
-}
-
-json::Value EmployerJson(const ormelix::clsMandant& m) {
-  using ormelix::DateHelpers::FormatDate;
-  json::Value e = json::Value::MakeObject();
-  e.Set("ID", m.ID());
-  e.Set("Name", m.Name);
-  e.Set("Zusatz", m.Zusatz);
-  e.Set("Strasse", m.Strasse);
-  e.Set("KFZ", m.KFZ);
-  e.Set("PLZ", m.PLZ);
-  e.Set("Ort", m.Ort);
-  e.Set("Telefon", m.Telefon);
-  e.Set("Telefax", m.Telefax);
-  e.Set("EMail", m.EMail);
-  e.Set("Homepage", m.Homepage);
-  e.Set("DVR", m.DVR);
-  e.Set("Neufög", m.Neufög);
-  e.Set("Neufög_Von", FormatDate(m.Neufög_Von));
-  e.Set("Neufög_Bis", FormatDate(m.Neufög_Bis));
-  e.Set("NeufögV", m.NeufögV);
-  e.Set("NeufögV_Von", FormatDate(m.NeufögV_Von));
-  e.Set("Betriebsart", m.Betriebsart);
-  e.Set("BuchungslisteELGesamt", m.BuchungslisteELGesamt);
-  return e;
-}
-
-std::string SelectEmployer(ormelix::clsManager& manager, const std::optional<std::string>& wanted) {
-  std::vector<std::string> ids = EmployerIds(manager);
-  if (ids.empty()) throw UsageError("the store holds no employer");
-  std::string id = ids.front();
-  if (wanted) {
-    id = ormelix::ValueHelpers::SqlID(*wanted);
-    if (!ormelix::DateHelpers::IsID(ormelix::Variant(id)) || std::find(ids.begin(), ids.end(), id) == ids.end())
-      throw UsageError("unknown employer '" + *wanted + "'; expected the ID of one of: ormelix show employers");
-  }
-  manager.ChangeAktMandant(id);
-  return id;
-}
 
 int Show(Arguments args) {
   std::string where = args.TakeOption("store").value_or(".");
