@@ -197,6 +197,17 @@ std::string_view CanonicalIdentifier(std::string_view name) {
   return found == names.end() ? name : std::string_view(found->second);
 }
 
+bool IsKeyedTable(std::string_view table) {
+  static const std::unordered_map<std::string, bool> tables = [] {
+    std::unordered_map<std::string, bool> map;
+    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
+      for (const SchemaTable& schema_table : SchemaTables(kind)) map.emplace(FoldCase(schema_table.name), schema_table.keyed);
+    return map;
+  }();
+  auto found = tables.find(FoldCase(table));
+  return found != tables.end() && found->second;
+}
+
 bool IsUntypedColumn(std::string_view table, std::string_view column) {
   static const std::unordered_map<std::string, bool> columns = [] {
     std::unordered_map<std::string, bool> map;

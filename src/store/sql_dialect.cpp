@@ -393,6 +393,24 @@ bool ParseDateLiteral(std::string_view inner, double& day_count) {
   return DateHelpers::Month(day_count) == month;
 }
 
+// The rows of one table come in the order of its autonumber where the statement
+// leaves it open: after its own ORDER BY terms (between rows that tie in them), or
+// as the whole order. Rows that tie so come in the order they were written, on
+// either store alike, and a statement asked for one key gives its rows in the
+// same order as one asked for many keys (the employee load reads ahead so).
+void AppendRowOrder(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant, std::string& out) {
+  int depth = 0;
+  bool ordered = false;
+  for (std::size_t s = 0; s < significant.size(); ++s) {
+    const Token& token = tokens[significant[s]];
+    if (token.type == Tok::Symbol && token.text == "(") ++depth;
+    if (token.type == Tok::Symbol && token.text == ")") --depth;
+    if (depth == 0 && token.type == Tok::Word && AsciiUpper(token.text) == "ORDER") ordered = true;
+  }
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  out += ordered ? ", \"Nr\"" : " ORDER BY \"Nr\"";
+}
+
 TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   std::vector<Token> tokens = Tokenize(jet_sql);
   TranslatedSql result;
@@ -516,6 +534,7 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
                   tokens[significant[4]].type == Tok::Semicolon;
     if (plain && single) result.base_table = std::string(table.text);
   }
+  if (!result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(tokens, significant, emit.out);
   result.text = std::move(emit.out);
   return result;
 }

@@ -46,6 +46,9 @@ std::string QuotedIdentifierList(const std::vector<std::string>& names);
 // without regard to case, umlauts included); any other name as it stands.
 std::string_view CanonicalIdentifier(std::string_view name);
 
+// True for a table of either store's schema that has the autonumber Nr.
+bool IsKeyedTable(std::string_view table);
+
 // True for a column the schema gives no fixed type ("any"), as Settings.Values.
 bool IsUntypedColumn(std::string_view table, std::string_view column);
 
