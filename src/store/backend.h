@@ -2,6 +2,8 @@
 // the helpers are written against it; SQLite is the first backend.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -90,11 +92,18 @@ class Backend {
 
   // Runs a SELECT in the domain's dialect and fetches all its rows.
   virtual QueryResult Query(std::string_view jet_sql) = 0;
+  // Runs several SELECTs and fetches the rows of each; a backend that can sends
+  // them together and waits for the server once.
+  virtual std::vector<QueryResult> QueryMany(const std::vector<std::string>& jet_sqls);
   // The columns a SELECT gives, without running it; a statement the store
   // refuses fails here.
   virtual std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) = 0;
   // Runs an action statement in the domain's dialect; gives the rows it touched.
   virtual long Execute(std::string_view jet_sql) = 0;
+  // The same where the count is not wanted: within a write transaction a backend
+  // that sends statements ahead sends it with the next statement that waits for
+  // an answer, and a failure of it is raised there (naming it). Gives -1 then.
+  virtual long ExecuteAhead(std::string_view jet_sql) { return Execute(jet_sql); }
 
   // Runs statements of the backend's own dialect, as they stand (schema creation).
   virtual void ExecuteNative(const std::string& script) = 0;
@@ -114,7 +123,19 @@ class Backend {
   // locked, moved or gone fails here with a StoreError. CommitWrite makes the
   // writes since BeginWrite durable together; RollbackWrite drops them and does
   // nothing when no transaction is open (it also serves unwinding).
-  virtual void BeginWrite() = 0;
+  //
+  // A backend that sends the statements of a write transaction ahead (without
+  // waiting for each answer) is told how the transaction wants it: whether
+  // BeginWrite waits for the lock or the lock goes with the transaction's first
+  // statement (a store locked too long fails that statement), and what a
+  // statement that fails later than it was sent leaves: what came before it
+  // (keep_on_failure) or nothing.
+  struct WriteOptions {
+    bool lock_at_once = true;
+    bool keep_on_failure = false;
+  };
+  virtual void BeginWrite(WriteOptions options) = 0;
+  void BeginWrite() { BeginWrite(WriteOptions{}); }
   virtual void CommitWrite() = 0;
   virtual void RollbackWrite() = 0;
 
@@ -126,6 +147,12 @@ class Backend {
   // store); nothing is read back.
   virtual void InsertRows(const std::string& table, const std::vector<std::string>& columns,
                           const std::vector<Variant>& cells);
+  // The same where the stored row may be wanted later: the function gives it. A
+  // backend that sends writes ahead answers it once the store has (waiting for
+  // the answer if it must); a failure of the insert is raised with the next
+  // statement that waits for an answer.
+  virtual std::function<QueryResult()> InsertRowAhead(const std::string& table, const std::vector<std::string>& columns,
+                                                      const std::vector<Variant>& values);
   virtual void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                          const std::vector<Variant>& values) = 0;
   virtual void DeleteRow(const std::string& table, const Variant& row_key) = 0;
@@ -134,6 +161,10 @@ class Backend {
   virtual Variant Normalize(const Variant& value, Affinity affinity) const = 0;
 
   SqlDialect Dialect() const { return dialect_; }
+
+  // The times this connection waited for its server's answers (0 for a store
+  // without a server): what a store one network away pays for in latency.
+  virtual std::uint64_t RoundTrips() const { return 0; }
 
   // Translation of the domain's SQL, cached per distinct text.
   const TranslatedSql& Translate(std::string_view jet_sql);
@@ -180,7 +211,8 @@ std::string DoubleAsStoredText(double value);
 // What the connect text of a store asks for: the backend ("sqlite", the default
 // for a file; "postgres" for a connection string, which needs no word) and options
 // ("readonly", "busy_timeout=MS"; "statement_cache=N", the prepared statements a
-// PostgreSQL connection keeps, 0 for none), separated by ';' or ','. StoreError
+// PostgreSQL connection keeps, 0 for none; "statement_timeout=MS"), separated by
+// ';' or ','. StoreError
 // naming the path for anything else.
 struct ConnectOptions {
   std::string backend = "sqlite";
@@ -188,6 +220,9 @@ struct ConnectOptions {
   // How long a statement waits for another program's lock before it fails.
   int busy_timeout_ms = 5000;
   std::size_t statement_cache = 256;
+  // How long a PostgreSQL statement may take, and the longest wait for any answer
+  // of the server: past it the statement fails and the connection is made anew.
+  int statement_timeout_ms = 60000;
 };
 ConnectOptions ParseConnect(const std::string& connect, const std::string& path);
 

@@ -8,6 +8,7 @@ namespace ormelix {
 
 namespace detail {
 std::shared_ptr<Backend> BackendOf(const StoreSession& session) { return session.backend_; }
+std::uint64_t RoundTrips(const StoreSession& session) { return session.backend_->RoundTrips(); }
 }  // namespace detail
 
 StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}
@@ -53,12 +54,12 @@ std::string StoreSession::StorePath() const { return backend_->Path(); }
 
 std::string StoreSession::StoreConnect() const { return backend_->Connect(); }
 
-StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind)
+StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind, Locking locking)
     : session_(session), on_unwind_(on_unwind) {
   if (!session_.backend_->IsOpen()) throw StoreError("the store is closed", "write transaction");
   outermost_ = session_.write_depth_ == 0;
   session_.shared_rows_.clear();  // reads after the writes read afresh
-  if (outermost_) session_.backend_->BeginWrite();
+  if (outermost_) session_.backend_->BeginWrite({locking == LockAtOnce, on_unwind == KeepWritten});
   ++session_.write_depth_;
 }
 

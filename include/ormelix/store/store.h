@@ -4,6 +4,7 @@
 // distinct text into the backend's dialect.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ class StoreSession;
 namespace detail {
 class Backend;
 std::shared_ptr<Backend> BackendOf(const StoreSession& session);
+// The times the session's connection has waited for its server's answers (one
+// per pipeline of statements), for benchmarks and tests; 0 for an SQLite store.
+std::uint64_t RoundTrips(const StoreSession& session);
 }  // namespace detail
 
 class StoreSession {
@@ -45,6 +49,7 @@ class StoreSession {
   friend class StoreReadSnapshot;
   friend class StoreSharedReads;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
+  friend std::uint64_t detail::RoundTrips(const StoreSession& session);
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  // open StoreWriteTransaction scopes
   int read_depth_ = 0;   // open StoreReadSnapshot scopes
@@ -112,10 +117,17 @@ class StoreWriteTransaction {
  public:
   // What a scope left without Commit does with the writes made so far.
   enum OnUnwind { RollBack, KeepWritten };
+  // When the store's write lock is taken: at once, or with the transaction's first
+  // statement. A store on a server then sends the lock together with that
+  // statement, so that a save that begins by reading its row waits for the server
+  // once instead of twice; a lock that cannot be had fails that statement instead
+  // of the constructor. (An SQLite store takes it at once either way.)
+  enum Locking { LockAtOnce, LockWithFirstStatement };
 
   // Takes the store's write lock; StoreError when the store is read-only, locked by
   // another program longer than the busy timeout, or has moved or gone.
-  explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack);
+  explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack,
+                                 Locking locking = LockAtOnce);
   ~StoreWriteTransaction();
   StoreWriteTransaction(const StoreWriteTransaction&) = delete;
   StoreWriteTransaction& operator=(const StoreWriteTransaction&) = delete;

@@ -173,7 +173,9 @@ class SqliteBackend final : public Backend {
 
   bool IsOpen() const override { return static_cast<bool>(db_); }
 
-  void BeginWrite() override {
+  // The lock is taken at once whatever the options say: waiting for it costs no
+  // round trip here, and each statement's failure is raised by the statement.
+  void BeginWrite(WriteOptions) override {
     RequireOpen("BEGIN IMMEDIATE");
     if (options_.read_only)
       throw StoreError("the store is open read-only; nothing was written", path_,
