@@ -1,6 +1,7 @@
 // Mitarbeiter_Lohnzettel_EL: the replacement benefits of a pay row, keyed by
 // LohnzettelID; loaded in period order, saved by deleting the row's benefits and
 // inserting the list anew.
+#include "../employee/load_statements.h"
 #include "../employee/month_check.h"
 #include "../session/store_access.h"
 #include "ormelix/benefits/ersatzleistungen.h"
@@ -64,7 +65,7 @@ void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const
 namespace {
 
 std::unique_ptr<Recordset> OpenRows(clsManager& pManager, const std::string& pLohnzettelID) {
-  return detail::OpenRead(pManager, RowsSql(pLohnzettelID) + " ORDER BY [Zeitraum] ASC");
+  return detail::OpenRead(pManager, detail::BenefitsLoadSql(pLohnzettelID));
 }
 
 void Fill(LLohn_Ersatzleistungen& pListe, Recordset& rs) {
@@ -113,3 +114,11 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string BenefitsLoadSql(const std::string& pay_row) {
+  return modDatabase::RowsSql(pay_row) + " ORDER BY [Zeitraum] ASC";
+}
+
+}  // namespace ormelix::detail

@@ -3,6 +3,7 @@
 // Aufwandsentsch_ grids.
 #include <stdexcept>
 
+#include "load_statements.h"
 #include "month_check.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/lohnarten.h"
@@ -176,7 +177,7 @@ const ColumnSet<LohnartenLine>& LohnartenColumns(int pLohnarttyp) {
 }
 
 void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(TableSql(pMitarbeiterID) + " ORDER BY [Zeitraum], [SortNr]");
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::LinesLoadSql(pMitarbeiterID));
   if (rs->Eof()) {
     rs->Close();
     return;
@@ -228,3 +229,11 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string LinesLoadSql(const std::string& employee_id) {
+  return modDatabase::TableSql(employee_id) + " ORDER BY [Zeitraum], [SortNr]";
+}
+
+}  // namespace ormelix::detail

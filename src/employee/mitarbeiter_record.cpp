@@ -1,5 +1,6 @@
 // Mitarbeiter and Mitarbeiter_Bankverbindung: the master record of an employee and
 // its bank details.
+#include "load_statements.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
 #include "ormelix/employer/mandant.h"
@@ -132,7 +133,7 @@ const ColumnSet<LLohn>& BankverbindungColumns() {
 }
 
 void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter", "ID", pMitarbeiterID));
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::MasterLoadSql(pMitarbeiterID));
   if (!rs->Eof()) MitarbeiterColumns().Load(pLohn, *rs);
   rs->Close();
 }
@@ -165,7 +166,7 @@ std::string InsertMitarbeiterRecord(clsManager& pManager) {
 }
 
 void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", pMitarbeiterID));
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::BankLoadSql(pMitarbeiterID));
   if (!rs->Eof()) BankverbindungColumns().Load(pLohn, *rs);
   rs->Close();
 }
@@ -185,3 +186,15 @@ void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& p
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string MasterLoadSql(const std::string& employee_id) {
+  return modDatabase::EmployeeSql("Mitarbeiter", "ID", employee_id);
+}
+
+std::string BankLoadSql(const std::string& employee_id) {
+  return modDatabase::EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", employee_id);
+}
+
+}  // namespace ormelix::detail

@@ -1,5 +1,6 @@
 // Mitarbeiter_Lohnzettel_Kurzarbeit: at most one row per monthly pay row, keyed by
 // LohnzettelID, loaded and saved with the pay month.
+#include "../employee/load_statements.h"
 #include "../session/store_access.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
@@ -86,13 +87,13 @@ const ColumnSet<LLohn_Kurzarbeit>& KurzarbeitColumns() {
 }
 
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
-  auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
+  auto rs = detail::OpenRead(pManager, detail::ShortTimeLoadSql(pLohnzettelID));
   if (!rs->Eof()) KurzarbeitColumns().Load(pKurzarbeit, *rs);
   rs->Close();
 }
 
 void LoadKurzarbeit(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID) {
-  auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
+  auto rs = detail::OpenRead(pManager, detail::ShortTimeLoadSql(pLohnzettelID));
   if (!rs->Eof()) KurzarbeitColumns().Load(*pLohn.Kurzarbeit(pMonat), *rs);
   rs->Close();
 }
@@ -110,3 +111,9 @@ void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const s
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string ShortTimeLoadSql(const std::string& pay_row) { return modDatabase::RowSql(pay_row); }
+
+}  // namespace ormelix::detail

@@ -15,14 +15,29 @@ StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(
 
 StoreSession::~StoreSession() = default;
 
+void StoreSession::DropReadRows() {
+  shared_rows_.clear();
+  ahead_rows_.clear();
+}
+
 std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, CursorTypeEnum cursor, LockTypeEnum lock) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
   std::string text(sql);
-  if (shared_depth_ == 0) return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
+  if (!ahead_rows_.empty() && lock == adLockReadOnly) {
+    auto found = ahead_rows_.find(text);
+    if (found != ahead_rows_.end()) {
+      std::shared_ptr<detail::RowSet> rows = std::move(found->second);
+      ahead_rows_.erase(found);  // asked again, the statement runs
+      return std::make_unique<Recordset>(backend_, std::move(text), std::move(rows));
+    }
+  }
+  if (shared_depth_ == 0 && ahead_rows_.empty())
+    return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   if (lock != adLockReadOnly) {
-    shared_rows_.clear();  // writes may follow: what was read is read afresh after them
+    DropReadRows();  // writes may follow: what was read is read afresh after them
     return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   }
+  if (shared_depth_ == 0) return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   if (auto found = shared_rows_.find(text); found != shared_rows_.end())
     return std::make_unique<Recordset>(backend_, std::move(text), found->second);
   auto recordset = std::make_unique<Recordset>(backend_, text, cursor, lock);
@@ -32,7 +47,7 @@ std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, Cur
 
 Variant StoreSession::ExecuteSql(std::string_view sql, bool) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
-  shared_rows_.clear();
+  DropReadRows();
   return Variant(static_cast<std::int64_t>(backend_->Execute(sql)));
 }
 
@@ -40,13 +55,13 @@ bool StoreSession::IsOpen() const { return backend_->IsOpen(); }
 
 void StoreSession::OpenStore(const std::string& path, const std::string& connect) {
   write_depth_ = 0;
-  shared_rows_.clear();
+  DropReadRows();
   backend_->Open(path, connect);
 }
 
 void StoreSession::CloseStore() {
   write_depth_ = 0;  // closing drops an open transaction
-  shared_rows_.clear();
+  DropReadRows();
   backend_->Close();
 }
 
@@ -58,7 +73,7 @@ StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_
     : session_(session), on_unwind_(on_unwind) {
   if (!session_.backend_->IsOpen()) throw StoreError("the store is closed", "write transaction");
   outermost_ = session_.write_depth_ == 0;
-  session_.shared_rows_.clear();  // reads after the writes read afresh
+  session_.DropReadRows();  // reads after the writes read afresh
   if (outermost_) session_.backend_->BeginWrite({locking == LockAtOnce, on_unwind == KeepWritten});
   ++session_.write_depth_;
 }

@@ -5,10 +5,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/variant.h"
@@ -48,6 +50,7 @@ class StoreSession {
   friend class StoreWriteTransaction;
   friend class StoreReadSnapshot;
   friend class StoreSharedReads;
+  friend class StoreReadAhead;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
   friend std::uint64_t detail::RoundTrips(const StoreSession& session);
   std::shared_ptr<detail::Backend> backend_;
@@ -56,6 +59,12 @@ class StoreSession {
   int shared_depth_ = 0;  // open StoreSharedReads scopes
   // The rows read in the open StoreSharedReads scopes, by statement text.
   std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> shared_rows_;
+  int ahead_depth_ = 0;  // open StoreReadAhead scopes
+  // The rows read ahead for statements not yet run, by statement text: each
+  // answers its statement once.
+  std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> ahead_rows_;
+  // What a write makes stale: the rows shared and read ahead.
+  void DropReadRows();
 };
 
 // Reads of one scope see one state of the store: a load of many employees reads
@@ -97,6 +106,55 @@ class StoreSharedReads {
  private:
   StoreReadSnapshot snapshot_;
   StoreSession* session_;
+};
+
+// Within its scope a routine that runs one statement for each of many keys (the
+// pay rows of each employee of a list, the entitlements of each child) is answered
+// from one read per statement for all the keys, taken by Read beforehand: a
+// statement read ahead so gives its recordset exactly the rows, in exactly the
+// order, that running it would give (the rows of one key that tie in its ORDER BY
+// come in the order they were written, as the statement gives them). On a store
+// one network away that is one wait for the server per Read instead of one per
+// key and statement; on SQLite it saves the statements' own work. The scope holds
+// a read snapshot, so what was read ahead is what a new read would give; a write
+// within it drops what was read ahead, and so does the scope's end: the rows are
+// held only while the scope is open. A key that is no ID ({...}) is left to its
+// statement.
+class StoreReadAhead {
+ public:
+  // A statement that a routine runs for one key at a time: its text for a key,
+  // exactly as the routine makes it (the key, as the routine hands it in, standing
+  // in it once, as "[Column]=" and the key's literal), the column the key is
+  // compared with, and the keys to read ahead for.
+  struct Statement {
+    std::function<std::string(const std::string& key)> text;
+    std::string key_column;
+    std::vector<std::string> keys;
+  };
+
+  // Nothing happens for a closed store (or none).
+  explicit StoreReadAhead(StoreSession* session);
+  ~StoreReadAhead();
+  StoreReadAhead(const StoreReadAhead&) = delete;
+  StoreReadAhead& operator=(const StoreReadAhead&) = delete;
+
+  // Reads the rows of every statement for all its keys, one statement per
+  // statement (a store on a server gets them together and answers them together),
+  // and keeps them to answer the statements, beside what was read ahead before and
+  // not yet asked for. A statement whose text does not take its keys so is left to
+  // run on its own.
+  void Read(std::vector<Statement> statements);
+
+  // The values (as text) of a column of the rows read ahead for statement
+  // (by position in the last Read), of the rows that match criteria (a filter
+  // text as Recordset::Filter takes it; "" for all), in the order read: the keys
+  // of statements that depend on these rows.
+  std::vector<std::string> Values(std::size_t statement, std::string_view column, std::string_view criteria = "") const;
+
+ private:
+  StoreReadSnapshot snapshot_;
+  StoreSession* session_;
+  std::vector<std::vector<std::shared_ptr<detail::RowSet>>> read_;  // per statement of the last Read: its key's rows
 };
 
 // One write transaction of a session: what is read and written between its start
