@@ -129,10 +129,17 @@ void Backend::InsertRows(const std::string& table, const std::vector<std::string
 }
 
 std::vector<QueryResult> Backend::QueryMany(const std::vector<std::string>& jet_sqls) {
-  std::vector<QueryResult> results;
-  results.reserve(jet_sqls.size());
-  for (const std::string& sql : jet_sqls) results.push_back(Query(sql));
-  return results;
+  std::vector<NativeQuery> queries;
+  queries.reserve(jet_sqls.size());
+  for (const std::string& sql : jet_sqls) queries.push_back({Translate(sql), sql});
+  return QueryNative(queries);
+}
+
+const TranslatedSql& Backend::TranslateForKeys(std::string_view jet_sql, const KeyListForm& form) {
+  auto found = key_translations_.find(jet_sql);
+  if (found != key_translations_.end()) return found->second;
+  if (key_translations_.size() >= kTranslationCacheLimit) key_translations_.clear();
+  return key_translations_.emplace(std::string(jet_sql), TranslateSql(jet_sql, dialect_, &form)).first->second;
 }
 
 std::function<QueryResult()> Backend::InsertRowAhead(const std::string& table, const std::vector<std::string>& columns,

@@ -94,7 +94,17 @@ class Backend {
   virtual QueryResult Query(std::string_view jet_sql) = 0;
   // Runs several SELECTs and fetches the rows of each; a backend that can sends
   // them together and waits for the server once.
-  virtual std::vector<QueryResult> QueryMany(const std::vector<std::string>& jet_sqls);
+  std::vector<QueryResult> QueryMany(const std::vector<std::string>& jet_sqls);
+  // The same for statements in the backend's own dialect, each with the text it
+  // stands for in messages.
+  struct NativeQuery {
+    TranslatedSql sql;
+    std::string subject;
+  };
+  virtual std::vector<QueryResult> QueryNative(const std::vector<NativeQuery>& queries) = 0;
+  // The translation of a statement asked for many keys (see KeyListForm), made
+  // once per text; its key list parameter is the caller's to set.
+  const TranslatedSql& TranslateForKeys(std::string_view jet_sql, const KeyListForm& form);
   // The columns a SELECT gives, without running it; a statement the store
   // refuses fails here.
   virtual std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) = 0;
@@ -198,6 +208,7 @@ class Backend {
   using TranslationCache = std::unordered_map<std::string, TranslatedSql, TextHash, std::equal_to<>>;
   TranslationCache translations_;        // by shape (see ShapeOf)
   TranslationCache exact_translations_;  // texts without bound literals, by text
+  TranslationCache key_translations_;    // statements asked for many keys, by text
   TranslatedSql uncached_;
   const TranslatedSql* latest_ = nullptr;  // the latest translation handed out, of latest_text_
   std::string latest_text_;

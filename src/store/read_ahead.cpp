@@ -16,61 +16,111 @@ namespace {
 
 // A key that no statement holds: where it stands in a statement's text, that
 // statement's keys stand.
-constexpr const char* kMarker = "{5E9A1A00-0000-4000-8000-00000000C0DE}";
+constexpr std::string_view kMarker = "{5E9A1A00-0000-4000-8000-00000000C0DE}";
 
-// A statement for many keys: its text for one key cut where the key stands, and
-// per key its literal there.
+// A statement's text for one key, cut where the key stands: the key's literal in
+// the text of each key.
 struct KeyedText {
-  std::string before;  // up to and without the "=" before the key
-  std::string after;   // what follows the key
+  std::string text;    // for the marker
+  std::size_t at = 0;  // where the marker stands in it
   bool usable = false;
 
-  explicit KeyedText(const StoreReadAhead::Statement& statement) {
-    const std::string text = statement.text(kMarker);
-    const std::size_t at = text.find(kMarker);
-    if (at == std::string::npos || at == 0 || text[at - 1] != '=' ||
-        text.find(kMarker, at + 1) != std::string::npos)
-      return;
-    before = text.substr(0, at - 1);
-    after = text.substr(at + std::string_view(kMarker).size());
-    usable = true;
+  explicit KeyedText(const StoreReadAhead::Statement& statement) : text(statement.text(std::string(kMarker))) {
+    at = text.find(kMarker);
+    usable = at != std::string::npos && at > 0 && text[at - 1] == '=' &&
+             text.find(kMarker, at + kMarker.size()) == std::string::npos;
   }
 
   // The literal of a key in its statement's text, "" when the text is not of this
   // form or the literal is no ID (its statement then runs on its own).
-  std::string LiteralOf(const std::string& text) const {
-    if (text.size() <= before.size() + 1 + after.size() || text.compare(0, before.size(), before) != 0 ||
-        text[before.size()] != '=' || text.compare(text.size() - after.size(), after.size(), after) != 0)
-      return "";
-    std::string literal = text.substr(before.size() + 1, text.size() - before.size() - 1 - after.size());
-    return detail::IsGuidText(literal) ? literal : "";
+  std::string_view LiteralOf(std::string_view keyed) const {
+    const std::size_t after = text.size() - at - kMarker.size();
+    if (keyed.size() <= at + after || keyed.compare(0, at, text, 0, at) != 0 ||
+        keyed.compare(keyed.size() - after, after, text, at + kMarker.size(), after) != 0)
+      return {};
+    std::string_view literal = keyed.substr(at, keyed.size() - at - after);
+    return detail::IsGuidText(literal) ? literal : std::string_view();
   }
 
-  // The statement for all the literals: the key's comparison an IN list. On SQLite
-  // the rows come by key first (as the key's index holds them, so they need no
-  // sorting), then in the statement's own order; on a server that order is kept
-  // alone (sorting by a key in the store's text order costs it more than the
-  // client's grouping).
-  std::string ForAll(const std::vector<std::string>& literals, const std::string& key_column,
-                     detail::SqlDialect dialect) const {
-    std::string sql = before + " IN (";
-    for (std::size_t i = 0; i < literals.size(); ++i) sql += (i ? "," : "") + literals[i];
-    sql += ")";
-    if (dialect != detail::SqlDialect::Sqlite) return sql + after;
-    const std::string order = " ORDER BY ";
-    const std::size_t at = after.find(order);
-    if (at == std::string::npos) return sql + after + order + "[" + key_column + "]";
-    return sql + after.substr(0, at) + order + "[" + key_column + "], " + after.substr(at + order.size());
+  // Where the marker's literal is among the statement's bound parameters.
+  std::size_t Param() const {
+    const std::vector<Variant> params = detail::ShapeOf(text).params;
+    for (std::size_t i = 0; i < params.size(); ++i)
+      if (params[i].IsText() && params[i].AsText() == kMarker) return i;
+    return params.size();
   }
+
+  std::string Subject() const { return text.substr(0, at) + "(the keys read ahead)" + text.substr(at + kMarker.size()); }
 };
 
-// The keys of one statement: by the value of their literal (compared as the
-// store compares the key column), the texts of the key's statement; and the
-// values in the order of the keys.
-struct KeyTexts {
-  std::unordered_map<std::string, std::vector<std::string>, TextHash, TextEqual> texts;
-  std::vector<std::string> order;
+// The keys of one statement that share one value of the key (IDs in upper case):
+// the texts of their statement, and where their rows lie in the read.
+struct KeyGroup {
+  std::vector<std::string> texts;
+  std::size_t begin = 0, end = 0;  // rows
+  bool seen = false;
+  bool together = true;  // its rows lie together, in the statement's order
 };
+
+struct Asked {
+  std::vector<std::string> values;                       // by group
+  std::unordered_map<std::string, std::size_t> group_of;  // value -> group
+  std::vector<KeyGroup> groups;
+};
+
+// The group of a row's key, or none. IDs are found by their upper case; any
+// other text, rarely, by the store's text order.
+KeyGroup* GroupOf(Asked& asked, const std::string& key, std::string& upper) {
+  if (detail::IsGuidText(key)) {
+    upper.assign(key);
+    for (char& c : upper) c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c);
+    auto found = asked.group_of.find(upper);
+    return found == asked.group_of.end() ? nullptr : &asked.groups[found->second];
+  }
+  for (std::size_t g = 0; g < asked.values.size(); ++g)
+    if (EqualText(asked.values[g], key)) return &asked.groups[g];
+  return nullptr;
+}
+
+// The rows of each key: the read gives them by key, so that the rows of one key
+// lie together and its statement gets a slice of the read's rows. A key whose
+// rows do not (which the order of the read rules out) is left to its statement.
+std::vector<std::shared_ptr<detail::RowSet>> Place(Asked& asked, detail::QueryResult& result, int key_column) {
+  auto block = std::make_shared<std::vector<Variant>>(std::move(result.cells));
+  const std::size_t width = result.layout->Size();
+  const std::size_t rows = width ? block->size() / width : 0;
+  std::string upper;
+  KeyGroup* group = nullptr;
+  const std::string* last = nullptr;  // the key of the row before
+  for (std::size_t row = 0; row < rows; ++row) {
+    const Variant& key = (*block)[row * width + static_cast<std::size_t>(key_column)];
+    if (!key.IsText()) continue;
+    if (!last || key.AsText() != *last) {
+      group = GroupOf(asked, key.AsText(), upper);
+      last = &key.AsText();
+      if (group && group->seen && group->end != row) group->together = false;
+      if (group && !group->seen) {
+        group->seen = true;
+        group->begin = row;
+      }
+    }
+    if (group) group->end = row + 1;
+  }
+  std::vector<std::shared_ptr<detail::RowSet>> placed(asked.groups.size());
+  for (std::size_t g = 0; g < asked.groups.size(); ++g) {
+    const KeyGroup& each = asked.groups[g];
+    if (!each.together) continue;
+    auto rowset = std::make_shared<detail::RowSet>();
+    rowset->layout = result.layout;
+    if (each.seen) {
+      rowset->block = block;
+      rowset->first = each.begin * width;
+      rowset->size = (each.end - each.begin) * width;
+    }
+    placed[g] = std::move(rowset);
+  }
+  return placed;
+}
 
 }  // namespace
 
@@ -88,55 +138,43 @@ void StoreReadAhead::Read(std::vector<Statement> statements) {
   read_.assign(statements.size(), {});
   if (!session_) return;
   detail::Backend& backend = *session_->backend_;
-  std::vector<std::string> reads;
+  std::vector<detail::Backend::NativeQuery> reads;
   std::vector<std::size_t> read_of;  // the statement each read is for
-  std::vector<KeyTexts> keys(statements.size());
+  std::vector<Asked> asked(statements.size());
   for (std::size_t s = 0; s < statements.size(); ++s) {
     const KeyedText form(statements[s]);
     if (!form.usable) continue;
-    std::vector<std::string> literals;
+    Asked& keys = asked[s];
     for (const std::string& key : statements[s].keys) {
       std::string text = statements[s].text(key);
-      std::string literal = form.LiteralOf(text);
+      const std::string_view literal = form.LiteralOf(text);
       if (literal.empty()) continue;
-      std::string value = detail::NormalizeGuid(literal);
-      std::vector<std::string>& texts = keys[s].texts[value];
-      if (texts.empty()) {
-        literals.push_back(literal);
-        keys[s].order.push_back(std::move(value));
+      auto [found, fresh] = keys.group_of.emplace(detail::NormalizeGuid(literal), keys.groups.size());
+      if (fresh) {
+        keys.values.push_back(found->first);
+        keys.groups.emplace_back();
       }
-      texts.push_back(std::move(text));
+      keys.groups[found->second].texts.push_back(std::move(text));
     }
-    if (literals.empty()) continue;
-    reads.push_back(form.ForAll(literals, statements[s].key_column, backend.Dialect()));
+    const detail::KeyListForm list{form.Param(), statements[s].key_column};
+    if (keys.values.empty() || list.param == detail::ShapeOf(form.text).params.size()) continue;
+    detail::Backend::NativeQuery query{backend.TranslateForKeys(form.text, list), form.Subject()};
+    query.sql.params[list.param] = detail::KeyListValue(keys.values, backend.Dialect());
+    reads.push_back(std::move(query));
     read_of.push_back(s);
   }
-  std::vector<detail::QueryResult> results = backend.QueryMany(reads);
+  std::vector<detail::QueryResult> results = backend.QueryNative(reads);
   for (std::size_t r = 0; r < results.size(); ++r) {
     const std::size_t s = read_of[r];
     detail::QueryResult& result = results[r];
     const int key_column = result.layout->Lookup(statements[s].key_column);
     if (key_column < 0)
-      throw StoreError("cannot read ahead", reads[r], "its rows have no column " + statements[s].key_column);
-    // Each key's rows, in the order read.
-    std::unordered_map<std::string_view, std::shared_ptr<detail::RowSet>, TextHash, TextEqual> rows_of;
-    rows_of.reserve(keys[s].order.size());
-    for (const std::string& value : keys[s].order) {
-      auto rows = std::make_shared<detail::RowSet>();
-      rows->layout = result.layout;
-      rows_of.emplace(value, rows);
-      read_[s].push_back(rows);
-      for (const std::string& text : keys[s].texts[value]) session_->ahead_rows_[text] = rows;
-    }
-    const std::size_t width = result.layout->Size();
-    for (std::size_t at = 0; at + width <= result.cells.size(); at += width) {
-      const Variant& key = result.cells[at + static_cast<std::size_t>(key_column)];
-      if (!key.IsText()) continue;
-      auto found = rows_of.find(std::string_view(key.AsText()));
-      if (found == rows_of.end()) continue;
-      std::vector<Variant>& cells = found->second->cells;
-      cells.insert(cells.end(), std::make_move_iterator(result.cells.begin() + static_cast<long>(at)),
-                   std::make_move_iterator(result.cells.begin() + static_cast<long>(at + width)));
+      throw StoreError("cannot read ahead", reads[r].subject, "its rows have no column " + statements[s].key_column);
+    std::vector<std::shared_ptr<detail::RowSet>> placed = Place(asked[s], result, key_column);
+    for (std::size_t g = 0; g < placed.size(); ++g) {
+      if (!placed[g]) continue;
+      for (std::string& text : asked[s].groups[g].texts) session_->ahead_rows_[std::move(text)] = placed[g];
+      read_[s].push_back(std::move(placed[g]));
     }
   }
 }
@@ -155,9 +193,10 @@ std::vector<std::string> StoreReadAhead::Values(std::size_t statement, std::stri
         return detail::ParseFilter(text, [&](std::string_view name) { return layout.Lookup(name); });
       });
     const std::size_t width = layout.Size();
-    for (std::size_t row = 0; row + width <= rows->cells.size(); row += width) {
-      if (filter && !detail::Evaluate(*filter, &rows->cells[row])) continue;
-      values.push_back(ValueHelpers::ToText(rows->cells[row + static_cast<std::size_t>(at)]));
+    const Variant* cells = rows->Data();
+    for (std::size_t row = 0; row + width <= rows->CellCount(); row += width) {
+      if (filter && !detail::Evaluate(*filter, cells + row)) continue;
+      values.push_back(ValueHelpers::ToText(cells[row + static_cast<std::size_t>(at)]));
     }
   }
   return values;

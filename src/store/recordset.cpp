@@ -59,7 +59,7 @@ struct Recordset::Impl {
   const detail::RowSet& Rows() const { return shared ? *shared : own; }
   std::size_t Width() const { return layout->Size(); }
   const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
-  std::size_t RowCount() const { return Width() ? Rows().cells.size() / Width() : 0; }
+  std::size_t RowCount() const { return Width() ? Rows().CellCount() / Width() : 0; }
   bool IsDeleted(std::uint32_t row) const { return !deleted.empty() && deleted[row]; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
@@ -104,7 +104,7 @@ struct Recordset::Impl {
     const Variant key = (*inserted)[key_column];
     inserted.reset();
     for (std::size_t i = 0; i < View().size(); ++i)
-      if (Rows().cells[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
+      if (Rows().Data()[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
   }
 
   int Lookup(std::string_view name) const { return layout->Lookup(name); }
@@ -128,7 +128,7 @@ struct Recordset::Impl {
   const Variant* Row() {
     if (inserted) return inserted->data();
     if (!HasRow()) return nullptr;
-    return &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
+    return &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
   }
 
   const Variant* Cell(int column) {
@@ -141,7 +141,7 @@ struct Recordset::Impl {
     if (Rows().indexes.size() < Width()) Rows().indexes.resize(Width());
     if (!Rows().indexes[column]) {
       auto index = std::make_unique<ColumnIndex>();
-      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(Rows().cells[row * Width() + column], row);
+      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(Rows().Data()[row * Width() + column], row);
       Rows().indexes[column] = std::move(index);
     }
     return *Rows().indexes[column];
@@ -178,10 +178,10 @@ struct Recordset::Impl {
     if (!filter) return;
     if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().Data()[row * Width()])) view_.push_back(row);
     } else {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().Data()[row * Width()])) view_.push_back(row);
     }
   }
 
@@ -247,11 +247,11 @@ struct Recordset::Impl {
       Rows().cells.insert(Rows().cells.end(), row.begin(), row.end());
       if (!deleted.empty()) deleted.push_back(0);
       for (std::size_t i = 0; i < Rows().indexes.size(); ++i)
-        if (Rows().indexes[i]) Rows().indexes[i]->Add(Rows().cells[new_row * Width() + i], new_row);
+        if (Rows().indexes[i]) Rows().indexes[i]->Add(Rows().Data()[new_row * Width() + i], new_row);
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      Variant* row = inserted ? inserted->data() : &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
+      Variant* row = inserted ? inserted->data() : &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
       backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
@@ -464,7 +464,7 @@ void Recordset::Delete() {
   d.EnsureFetched();
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
   std::uint32_t row = d.View()[d.pos];
-  d.backend->DeleteRow(d.base_table, d.Rows().cells[row * d.Width() + d.key_column]);
+  d.backend->DeleteRow(d.base_table, d.Rows().Data()[row * d.Width() + d.key_column]);
   if (d.deleted.empty()) d.deleted.assign(d.RowCount(), 0);
   d.deleted[row] = 1;
   d.View().erase(d.View().begin() + d.pos);
@@ -495,7 +495,7 @@ void Recordset::Find(std::string_view criteria) {
   auto node = d.ParsedFilter(criteria);
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.View().size()); ++i) {
-    if (detail::Evaluate(*node, &d.Rows().cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
+    if (detail::Evaluate(*node, &d.Rows().Data()[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
       d.pos = i;
       return;
     }

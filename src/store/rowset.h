@@ -70,8 +70,17 @@ struct ColumnIndex {
 // on the rows read ahead for its statement.
 struct RowSet {
   std::shared_ptr<const ColumnLayout> layout;
-  std::vector<Variant> cells;  // row-major
+  std::vector<Variant> cells;  // row-major; none in a slice:
+  // The rows of one key of a read for many keys lie together in that read's
+  // cells: a slice of them stands on them, from cell `first`, `size` cells.
+  std::shared_ptr<std::vector<Variant>> block;
+  std::size_t first = 0;
+  std::size_t size = 0;
   mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
+
+  Variant* Data() { return block ? block->data() + first : cells.data(); }
+  const Variant* Data() const { return block ? block->data() + first : cells.data(); }
+  std::size_t CellCount() const { return block ? size : cells.size(); }
 };
 
 }  // namespace ormelix::detail

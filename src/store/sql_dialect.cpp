@@ -393,25 +393,46 @@ bool ParseDateLiteral(std::string_view inner, double& day_count) {
   return DateHelpers::Month(day_count) == month;
 }
 
+namespace {
+
 // The rows of one table come in the order of its autonumber where the statement
 // leaves it open: after its own ORDER BY terms (between rows that tie in them), or
 // as the whole order. Rows that tie so come in the order they were written, on
 // either store alike, and a statement asked for one key gives its rows in the
 // same order as one asked for many keys (the employee load reads ahead so).
-void AppendRowOrder(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant, std::string& out) {
-  int depth = 0;
-  bool ordered = false;
-  for (std::size_t s = 0; s < significant.size(); ++s) {
-    const Token& token = tokens[significant[s]];
-    if (token.type == Tok::Symbol && token.text == "(") ++depth;
-    if (token.type == Tok::Symbol && token.text == ")") --depth;
-    if (depth == 0 && token.type == Tok::Word && AsciiUpper(token.text) == "ORDER") ordered = true;
-  }
+void AppendRowOrder(bool ordered, std::string& out) {
   while (!out.empty() && out.back() == ' ') out.pop_back();
   out += ordered ? ", \"Nr\"" : " ORDER BY \"Nr\"";
 }
 
-TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
+// The key of a statement asked for many keys: "[Column]=key" becomes a list of
+// keys, bound as one parameter.
+void EmitKeyList(std::string_view jet_sql, SqlDialect dialect, std::size_t number, std::string& out) {
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  if (out.empty() || out.back() != '=')
+    Refuse(jet_sql, "the key asked for many keys is not compared by '='");
+  out.pop_back();
+  out += dialect == SqlDialect::Postgres ? " = ANY($" + std::to_string(number) + "::text[])"
+                                         : " IN (SELECT value FROM json_each(?))";
+}
+
+}  // namespace
+
+Variant KeyListValue(const std::vector<std::string>& keys, SqlDialect dialect) {
+  // A JSON array for SQLite's json_each, an array literal for PostgreSQL; the
+  // keys are IDs, which hold nothing either form would have to escape.
+  std::string list(1, dialect == SqlDialect::Postgres ? '{' : '[');
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (i) list += ',';
+    list += '"';
+    list += keys[i];
+    list += '"';
+  }
+  list += dialect == SqlDialect::Postgres ? '}' : ']';
+  return Variant(std::move(list));
+}
+
+TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const KeyListForm* key_list) {
   std::vector<Token> tokens = Tokenize(jet_sql);
   TranslatedSql result;
   Emitter emit{dialect, {}};
@@ -433,7 +454,10 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   // elsewhere (select list, ORDER BY) stay in the text.
   bool bind = false;
   auto literal = [&](Variant value, const std::string& text) {
-    if (bind) {
+    if (bind && key_list && result.params.size() == key_list->param) {
+      result.params.push_back(std::move(value));
+      EmitKeyList(jet_sql, dialect, result.params.size(), emit.out);
+    } else if (bind) {
       result.params.push_back(std::move(value));
       emit.out += dialect == SqlDialect::Postgres ? "$" + std::to_string(result.params.size()) : "?";
     } else {
@@ -444,8 +468,12 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   CaseCalls case_calls{dialect};
 
   const Token* previous = nullptr;
+  int depth = 0;                           // of parentheses
+  std::size_t order_at = std::string::npos;  // where the terms of the top-level ORDER BY begin
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
+    if (token.type == Tok::Symbol && token.text == "(") ++depth;
+    if (token.type == Tok::Symbol && token.text == ")") --depth;
     switch (token.type) {
       case Tok::Space:
         emit.out += ' ';
@@ -515,6 +543,9 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         case_calls.Symbol(token.text, emit.out);
         break;
     }
+    if (depth == 0 && token.type == Tok::Word && previous && previous->type == Tok::Word &&
+        AsciiUpper(previous->text) == "ORDER" && AsciiUpper(token.text) == "BY")
+      order_at = emit.out.size();
     if (token.type == Tok::Word) case_calls.Word(AsciiUpper(token.text));
     else if (token.type != Tok::Space && token.type != Tok::Symbol) case_calls.Word("");
     if (token.type != Tok::Space) previous = &token;
@@ -534,7 +565,21 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
                   tokens[significant[4]].type == Tok::Semicolon;
     if (plain && single) result.base_table = std::string(table.text);
   }
-  if (!result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(tokens, significant, emit.out);
+  bool ordered = order_at != std::string::npos;
+  if (key_list) {
+    // The rows of one key together (in the store's text order, so that a key
+    // written in another case is the same key), then in the statement's own order.
+    std::string term;
+    AppendQuotedIdentifier(term, key_list->column);
+    if (ordered) {
+      emit.out.insert(order_at, " " + term + ",");
+    } else {
+      while (!emit.out.empty() && emit.out.back() == ' ') emit.out.pop_back();
+      emit.out += " ORDER BY " + term;
+      ordered = true;
+    }
+  }
+  if (!result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(ordered, emit.out);
   result.text = std::move(emit.out);
   return result;
 }

@@ -31,9 +31,22 @@ struct SqlShape {
 };
 SqlShape ShapeOf(std::string_view jet_sql);
 
+// A statement asked for many keys at once (see StoreReadAhead): the bound literal
+// at `param` (by position among the bound literals), compared by "=", becomes a
+// list of keys bound as one parameter (its value: KeyListValue), and the rows
+// come in the order of `column` first, rows of one key together, then in the
+// statement's own order.
+struct KeyListForm {
+  std::size_t param = 0;
+  std::string column;
+};
+
 // Throws StoreError (naming the SQL) for text outside the dialect: an unterminated
 // literal or bracket, a comment, a second statement.
-TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect);
+TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const KeyListForm* key_list = nullptr);
+
+// The parameter of a key list (KeyListForm) of these keys (IDs).
+Variant KeyListValue(const std::vector<std::string>& keys, SqlDialect dialect);
 
 // Quotes an identifier for the dialect ("Name", with inner quotes doubled).
 std::string QuoteIdentifier(std::string_view name);

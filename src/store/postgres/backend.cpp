@@ -80,23 +80,16 @@ class PostgresBackend final : public Backend {
   }
 
   // The statements go out together and are answered together: one round trip.
-  std::vector<QueryResult> QueryMany(const std::vector<std::string>& jet_sqls) override {
-    struct Asked {
-      std::string text;
-      std::vector<Variant> params;
-      Wire::AnswerPtr answer;
-    };
-    std::vector<Asked> asked;
-    asked.reserve(jet_sqls.size());
-    for (const std::string& jet_sql : jet_sqls) {
-      const TranslatedSql& sql = Translate(jet_sql);
-      Wire::AnswerPtr answer = SendStatement(sql.text, sql.params, jet_sql, true).answer;
-      asked.push_back({sql.text, sql.params, std::move(answer)});
-    }
-    Settle(jet_sqls.empty() ? std::string_view() : std::string_view(jet_sqls.front()));
+  std::vector<QueryResult> QueryNative(const std::vector<NativeQuery>& queries) override {
+    std::vector<Wire::AnswerPtr> answers;
+    answers.reserve(queries.size());
+    for (const NativeQuery& query : queries)
+      answers.push_back(SendStatement(query.sql.text, query.sql.params, query.subject, true).answer);
+    Settle(queries.empty() ? std::string_view() : std::string_view(queries.front().subject));
     std::vector<QueryResult> results;
-    results.reserve(asked.size());
-    for (Asked& one : asked) results.push_back(FetchAnswer(one.text, one.params, one.answer));
+    results.reserve(queries.size());
+    for (std::size_t i = 0; i < queries.size(); ++i)
+      results.push_back(FetchAnswer(queries[i].sql.text, queries[i].sql.params, answers[i]));
     return results;
   }
 

@@ -223,6 +223,17 @@ class SqliteBackend final : public Backend {
     return Fetch(stmt, jet_sql);
   }
 
+  std::vector<QueryResult> QueryNative(const std::vector<NativeQuery>& queries) override {
+    std::vector<QueryResult> results;
+    results.reserve(queries.size());
+    for (const NativeQuery& query : queries) {
+      CachedStatement& stmt = Prepare(query.sql.text, query.subject);
+      Bind(stmt.handle.get(), query.sql.params, query.subject);
+      results.push_back(Fetch(stmt, query.subject));
+    }
+    return results;
+  }
+
   std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
     return LayoutOf(Prepare(sql.text, jet_sql));
