@@ -1,5 +1,6 @@
 #include "sql_dialect.h"
 
+#include <array>
 #include <cctype>
 #include <charconv>
 
@@ -351,18 +352,28 @@ std::string QuoteIdentifier(std::string_view name) {
 }
 
 bool IsGuidText(std::string_view text) {
-  // {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}
-  if (text.size() != 38 || text.front() != '{' || text.back() != '}') return false;
-  for (std::size_t i = 1; i < 37; ++i) {
-    char c = text[i];
-    bool dash = (i == 9 || i == 14 || i == 19 || i == 24);
-    const bool hex = IsDigit(static_cast<unsigned char>(c)) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
-    if (dash ? c != '-' : !hex) return false;
+  // {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}: checked against a pattern, a table
+  // of hex digits at hand (every statement of a load checks its keys so).
+  static constexpr std::string_view kPattern = "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}";
+  static const auto kHex = [] {
+    std::array<bool, 256> hex{};
+    for (const char c : std::string_view("0123456789abcdefABCDEF")) hex[static_cast<unsigned char>(c)] = true;
+    return hex;
+  }();
+  if (text.size() != kPattern.size()) return false;
+  for (std::size_t i = 0; i < kPattern.size(); ++i) {
+    const char c = text[i];
+    if (kPattern[i] == 'x' ? !kHex[static_cast<unsigned char>(c)] : c != kPattern[i]) return false;
   }
   return true;
 }
 
-std::string NormalizeGuid(std::string_view text) { return AsciiUpper(text); }
+std::string NormalizeGuid(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
+  return upper;
+}
 
 bool ParseDateLiteral(std::string_view inner, double& day_count) {
   inner = TrimBlanks(inner);
