@@ -98,9 +98,10 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
   RequireStorableErsatzleistungen(liste, "the pay row " + pLohnzettelID);
   // Delete and insert hold together against other programs; a failure half-way
   // keeps what was written, as every save does.
-  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
-  detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" +
-                                            SqlID(pLohnzettelID));
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
+  detail::ExecuteAhead(detail::PayrollStore(pManager),
+                       "DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" + SqlID(pLohnzettelID));
   // The pay row has no benefit left: the statement of its rows serves to insert.
   auto rs = detail::OpenWrite(pManager, RowsSql(pLohnzettelID));
   for (const auto& entry : liste) {

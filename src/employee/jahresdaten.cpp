@@ -93,7 +93,8 @@ void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 }
 
 void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(YearSql(SqlID(pMitarbeiterID), pManager.AktJahr), adOpenDynamic,
                                                  adLockOptimistic);
   if (rs->Eof()) {

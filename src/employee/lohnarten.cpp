@@ -200,7 +200,8 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveLohnarten", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum) + " ORDER BY [SortNr]", adOpenDynamic,
       adLockOptimistic);

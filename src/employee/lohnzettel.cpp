@@ -315,7 +315,8 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
   RequireStorableErsatzleistungen(*pLohn.SV_EL_Laufend(month), where);
   RequireFinite(KurzarbeitColumns(), *pLohn.Kurzarbeit(month), "Mitarbeiter_Lohnzettel_Kurzarbeit", where);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       MonthSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {

@@ -139,7 +139,8 @@ void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string
 }
 
 void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter", "ID", pMitarbeiterID), adOpenDynamic,
                                                  adLockOptimistic);
   // A save never inserts: the row comes from InsertMitarbeiterRecord.
@@ -154,7 +155,8 @@ void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string
 std::string InsertMitarbeiterRecord(clsManager& pManager) {
   const auto& employer = pManager.AktMandant();
   if (!employer) throw Error("an employee can only be added for a current employer: call ChangeAktMandant first");
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset("SELECT * FROM [Mitarbeiter]", adOpenDynamic, adLockOptimistic);
   rs->AddNew();
   rs->Collect("MandantenID", Variant(SqlID(employer->ID())));
@@ -172,7 +174,8 @@ void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& p
 }
 
 void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", pMitarbeiterID), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {

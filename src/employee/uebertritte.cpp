@@ -55,7 +55,8 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveUebertritte", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {

@@ -34,7 +34,8 @@ void LoadPDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 }
 
 void SavePDFEncrypt(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = detail::OpenWrite(pManager, "SELECT * FROM [Mitarbeiter_PDFEncrypt] WHERE [MitarbeiterID]=" +
                                             ValueHelpers::SqlID(pMitarbeiterID));
   if (rs->Eof()) {

@@ -100,7 +100,8 @@ void LoadKurzarbeit(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, con
 
 void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
   RequireFinite(KurzarbeitColumns(), pKurzarbeit, "Mitarbeiter_Lohnzettel_Kurzarbeit", "the pay row " + pLohnzettelID);
-  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = detail::OpenWrite(pManager, RowSql(pLohnzettelID));
   if (rs->Eof()) rs->AddNew();
   rs->Collect("LohnzettelID", Variant(pLohnzettelID));

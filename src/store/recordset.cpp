@@ -1,7 +1,9 @@
 #include "ormelix/store/recordset.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 #include <unordered_map>
 
 #include "backend.h"
@@ -54,6 +56,24 @@ struct Recordset::Impl {
   // inserted before that is the current row on its own until the rows are read.
   bool fetched = false;
   std::optional<std::vector<Variant>> inserted;
+  // The store's answer to the insert of `inserted`, where the store sends writes
+  // ahead: taken when the row is first read (the key the store gave it), else
+  // never waited for.
+  std::function<detail::QueryResult()> inserting;
+
+  std::vector<Variant>& InsertedRow() {
+    if (inserting) StoredInto(*inserted, std::exchange(inserting, {})());
+    return *inserted;
+  }
+
+  // The columns of a stored row, as the store gave them back, into the row.
+  void StoredInto(std::vector<Variant>& row, const detail::QueryResult& stored) const {
+    if (stored.cells.empty()) return;
+    for (std::size_t i = 0; i < stored.layout->Size(); ++i) {
+      int column = layout->Lookup(stored.layout->Columns()[i].name);
+      if (column >= 0) row[column] = stored.cells[i];
+    }
+  }
 
   detail::RowSet& Rows() { return shared ? *shared : own; }
   const detail::RowSet& Rows() const { return shared ? *shared : own; }
@@ -101,7 +121,7 @@ struct Recordset::Impl {
     Load(backend->Query(sql));
     ApplyFilter();
     if (!inserted) return;
-    const Variant key = (*inserted)[key_column];
+    const Variant key = InsertedRow()[key_column];
     inserted.reset();
     for (std::size_t i = 0; i < View().size(); ++i)
       if (Rows().Data()[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
@@ -126,7 +146,7 @@ struct Recordset::Impl {
 
   // The current row's cells, or nullptr at no current row.
   const Variant* Row() {
-    if (inserted) return inserted->data();
+    if (inserted) return InsertedRow().data();
     if (!HasRow()) return nullptr;
     return &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
   }
@@ -229,19 +249,14 @@ struct Recordset::Impl {
       values.push_back(edit_row[i]);
     }
     if (mode == Adding) {
-      detail::QueryResult stored = backend->InsertRow(base_table, names, values);
       std::vector<Variant> row(Width(), Variant::NullValue());
-      if (!stored.cells.empty()) {
-        for (std::size_t i = 0; i < stored.layout->Size(); ++i) {
-          int column = layout->Lookup(stored.layout->Columns()[i].name);
-          if (column >= 0) row[column] = stored.cells[i];
-        }
-      }
       mode = None;
       if (!fetched) {  // the rows, when read, will hold this one
+        inserting = backend->InsertRowAhead(base_table, names, values);
         inserted = std::move(row);
         return;
       }
+      StoredInto(row, backend->InsertRow(base_table, names, values));
       RowList& view = View();  // made before the new row joins the rows
       auto new_row = static_cast<std::uint32_t>(RowCount());
       Rows().cells.insert(Rows().cells.end(), row.begin(), row.end());
@@ -251,7 +266,7 @@ struct Recordset::Impl {
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      Variant* row = inserted ? inserted->data() : &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
+      Variant* row = inserted ? InsertedRow().data() : &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
       backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
@@ -508,6 +523,7 @@ void Recordset::Requery() {
   d.RequireOpen();
   d.FlushPending();
   d.inserted.reset();
+  d.inserting = {};
   d.Load(d.backend->Query(d.sql));
   if (d.filter) d.filter = d.ParsedFilter(d.filter_text);
   d.ApplyFilter();
@@ -519,6 +535,7 @@ void Recordset::Close() {
   impl_->open = false;
   impl_->fetched = true;  // nothing more to read
   impl_->inserted.reset();
+  impl_->inserting = {};
   impl_->own.indexes.clear();
   impl_->backend->Recycle(std::move(impl_->own.cells));
   impl_->own.cells = {};

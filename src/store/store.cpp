@@ -9,6 +9,11 @@ namespace ormelix {
 namespace detail {
 std::shared_ptr<Backend> BackendOf(const StoreSession& session) { return session.backend_; }
 std::uint64_t RoundTrips(const StoreSession& session) { return session.backend_->RoundTrips(); }
+void ExecuteAhead(StoreSession& session, std::string_view sql) {
+  if (!session.backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
+  session.DropReadRows();
+  session.backend_->ExecuteAhead(sql);
+}
 }  // namespace detail
 
 StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}

@@ -25,6 +25,10 @@ std::shared_ptr<Backend> BackendOf(const StoreSession& session);
 // The times the session's connection has waited for its server's answers (one
 // per pipeline of statements), for benchmarks and tests; 0 for an SQLite store.
 std::uint64_t RoundTrips(const StoreSession& session);
+// Runs an action statement whose count of rows is not wanted: within a write
+// transaction a store on a server sends it with the next statement that waits
+// for an answer, and a failure of it is raised there, naming it.
+void ExecuteAhead(StoreSession& session, std::string_view sql);
 }  // namespace detail
 
 class StoreSession {
@@ -53,6 +57,7 @@ class StoreSession {
   friend class StoreReadAhead;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
   friend std::uint64_t detail::RoundTrips(const StoreSession& session);
+  friend void detail::ExecuteAhead(StoreSession& session, std::string_view sql);
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  // open StoreWriteTransaction scopes
   int read_depth_ = 0;   // open StoreReadSnapshot scopes

@@ -61,6 +61,7 @@ class PostgresBackend final : public Backend {
     statements_.clear();
     order_.clear();
     tables_.clear();
+    column_affinities_.clear();
     tables_read_ = false;
     wire_.Detach();
     conn_.Reset();
@@ -155,7 +156,8 @@ class PostgresBackend final : public Backend {
     const std::string names = QuotedIdentifierList(columns);
     std::string insert =
         "INSERT INTO " + QuoteIdentifier(table) + " (" + names + ") VALUES (" + Placeholders(columns.size()) + ")";
-    std::vector<Affinity> affinities = ParamAffinities(Prepare(insert, {}, insert, false), insert, table, columns);
+    std::vector<Affinity> affinities =
+        ParamAffinities(Prepare(insert, {}, insert, false), insert, table, columns, columns.size());
     if (cache_limit_ == 0) Forget(insert);
     std::string sql = "COPY " + QuoteIdentifier(table) + " (" + names + ") FROM STDIN";
     int step = SaveStep();
@@ -307,6 +309,7 @@ class PostgresBackend final : public Backend {
   bool SendsAhead() const { return own_write_; }
 
   Sent& Send(Wire::AnswerPtr answer, std::string_view subject, int step = 0) {
+    answer->subject = subject;
     return sent_.emplace_back(Sent{std::move(answer), std::string(subject), step, false, {}, {}});
   }
 
@@ -330,7 +333,8 @@ class PostgresBackend final : public Backend {
   Sent& SendWrite(const std::string& text, const std::vector<Variant>& values, const std::string& table,
                   const std::vector<std::string>& columns) {
     EndSnapshotForWrite();
-    const std::vector<Affinity>& affinities = ParamAffinities(Prepare(text, values, text, false), text, table, columns);
+    const std::vector<Affinity>& affinities =
+        ParamAffinities(Prepare(text, values, text, false), text, table, columns, values.size());
     std::vector<Variant> stored(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) stored[i] = StoredForm(values[i], affinities[i]);
     return SendStatement(text, stored, text, false);
@@ -502,12 +506,21 @@ class PostgresBackend final : public Backend {
     statements_.erase(found);
   }
 
-  // The affinities of the columns a write's parameters go into, as the server
-  // read them when it prepared the statement.
-  // The first parameters go into the columns named, of the table.
+  // The affinities of the columns a write's parameters go into: the first
+  // `count` parameters go into the columns named, of the table, and any further
+  // one compares with its row key. Known from the columns of the table's rows read
+  // before (a recordset that writes has read or described them), else as the
+  // server read them when it prepared the statement (a wait for it).
   const std::vector<Affinity>& ParamAffinities(Statement& statement, std::string_view subject, const std::string& table,
-                                               const std::vector<std::string>& columns) {
-    if (!statement.described) {
+                                               const std::vector<std::string>& columns, std::size_t count) {
+    if (statement.described) return statement.param_affinities;
+    statement.param_affinities.clear();
+    for (std::size_t i = 0; i < count; ++i) {
+      auto known = column_affinities_.find(ColumnKey(table, i < columns.size() ? columns[i] : kRowKeyColumn));
+      if (known == column_affinities_.end()) break;
+      statement.param_affinities.push_back(known->second);
+    }
+    if (statement.param_affinities.size() != count) {
       Wire::AnswerPtr description = Send(wire_.Describe(statement.name), subject).answer;
       Settle(subject);
       statement.param_affinities.clear();
@@ -518,9 +531,13 @@ class PostgresBackend final : public Backend {
           affinity = Affinity::Any;
         statement.param_affinities.push_back(affinity);
       }
-      statement.described = true;
     }
+    statement.described = true;
     return statement.param_affinities;
+  }
+
+  static std::string ColumnKey(std::string_view table, std::string_view column) {
+    return FoldCase(table) + "." + FoldCase(column);
   }
 
   static long Changes(const PGresult* result) {
@@ -549,6 +566,7 @@ class PostgresBackend final : public Backend {
     for (int i = 0; i < count; ++i) {
       ColumnInfo column{PQfname(result, i), TableName(PQftable(result, i)), AffinityOf(PQftype(result, i))};
       if (column.affinity == Affinity::Text && IsUntypedColumn(column.table, column.name)) column.affinity = Affinity::Any;
+      if (!column.table.empty()) column_affinities_[ColumnKey(column.table, column.name)] = column.affinity;
       columns.push_back(std::move(column));
     }
     return std::make_shared<const ColumnLayout>(std::move(columns));
@@ -606,6 +624,7 @@ class PostgresBackend final : public Backend {
   std::unordered_map<std::string, Statement> statements_;
   std::list<std::string> order_;  // oldest first, for eviction
   std::unordered_map<Oid, std::string> tables_;
+  std::unordered_map<std::string, Affinity> column_affinities_;  // by "table.column", folded
   bool tables_read_ = false;
   ParamTexts texts_;
   std::vector<Sent> sent_;        // sent and not yet answered, in order

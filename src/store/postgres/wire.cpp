@@ -76,8 +76,16 @@ void Wire::Sync(std::string_view subject) {
   if (!PQpipelineSync(conn_)) Lost(subject);
   Flush(subject);
   for (const AnswerPtr& answer : answers) {
-    PGresult* result = NextResult(subject);
-    if (!result) Lost(subject);
+    const std::string_view at = answer->subject.empty() ? subject : std::string_view(answer->subject);
+    PGresult* result = NextResult(at);
+    if (!result) Lost(at);
+    // A connection the server ended while it ran this command (an administrator,
+    // a restart) says why in this command's result.
+    if (PQstatus(conn_) == CONNECTION_BAD) {
+      ResultHandle last(result);
+      pending_.clear();
+      ThrowRefused("the connection to the server failed", at, conn_, last.get(), *server_);
+    }
     if (PQresultStatus(result) == PGRES_PIPELINE_ABORTED) {
       answer->skipped = true;
       PQclear(result);
@@ -86,7 +94,7 @@ void Wire::Sync(std::string_view subject) {
     }
     answer->answered = true;
     // Each command's results end with a null one.
-    while ((result = NextResult(subject)) != nullptr) PQclear(result);
+    while ((result = NextResult(at)) != nullptr) PQclear(result);
   }
   PGresult* sync = NextResult(subject);
   bool synced = sync && PQresultStatus(sync) == PGRES_PIPELINE_SYNC;

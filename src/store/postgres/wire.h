@@ -27,6 +27,7 @@ class Wire {
     ResultHandle result;   // the server's result; none for a command it skipped
     bool answered = false;
     bool skipped = false;  // not run: an earlier command of its pipeline failed
+    std::string subject;   // the statement it stands for, to name a lost connection by
   };
   using AnswerPtr = std::shared_ptr<Answer>;
 
@@ -42,8 +43,9 @@ class Wire {
   bool Pending() const { return !pending_.empty(); }
 
   // Waits for the answers of every command sent since the last Sync: one round
-  // trip. A lost connection or the statement timeout is a StoreError about
-  // subject; a command the server refused is left in its answer.
+  // trip. A lost connection is a StoreError about the command it was lost at (or
+  // subject), the statement timeout one about subject; a command the server
+  // refused is left in its answer.
   void Sync(std::string_view subject);
 
   // A script of the simple protocol (one or more statements), sent after the
