@@ -83,13 +83,13 @@ void clsMitarbeiter::Load(std::int16_t pFilterAbrechnungsjahr, eSortOrderMitarbe
   employees->Close();
   career->Close();
   replacements->Close();
+  const std::size_t per_read = read_ahead_ == kReadAheadOfTheStore ? ahead.KeysPerRead() : read_ahead_;
   std::int16_t index = 0;
   const long total = static_cast<long>(taken.size());
   std::size_t read_up_to = 0;  // rows before it are read ahead
   for (std::size_t row = 0; row < taken.size(); ++row) {
     if (!taken[row].empty()) {
-      if (row >= read_up_to && read_ahead_ > 0)
-        read_up_to = detail::ReadAheadEmployees(ahead, *manager, taken, row, read_ahead_);
+      if (row >= read_up_to && per_read > 0) read_up_to = detail::ReadAheadEmployees(ahead, *manager, taken, row, per_read);
       auto lohn = std::make_shared<LLohn>();
       lohn->LoadMitarbeiter(*manager, taken[row], ++index);
       entries_.Add(lohn, taken[row]);

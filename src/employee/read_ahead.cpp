@@ -11,8 +11,9 @@ namespace {
 using Statement = StoreReadAhead::Statement;
 
 // A statement made by a function of the key alone.
-Statement By(std::string (*text)(const std::string&), const char* key_column, std::vector<std::string> keys) {
-  return Statement{text, key_column, std::move(keys)};
+Statement By(std::string (*text)(const std::string&), const char* key_column, std::vector<std::string> keys,
+             bool few_rows_per_key = false) {
+  return Statement{text, key_column, std::move(keys), few_rows_per_key};
 }
 
 // The keys the pay record's load hands on: the IDs of the pay rows in SqlID form.
@@ -45,10 +46,12 @@ std::size_t ReadAheadEmployees(StoreReadAhead& ahead, const clsManager& manager,
                              " AND [Zeitraum]<=" + std::to_string(ValueHelpers::MakeZeitraum(12, year));
   std::vector<std::string> children = ahead.Values(kChildren, "ID");
   std::vector<std::string> pay_rows = PayRowKeys(ahead.Values(kPay, "ID", months));
+  // A child has a few entitlements, a pay row a short-time row at most and
+  // replacement benefits rarely.
   ahead.Read({
-      By(ChildEntriesLoadSql, "KID", std::move(children)),
-      By(BenefitsLoadSql, "LohnzettelID", pay_rows),
-      By(ShortTimeLoadSql, "LohnzettelID", std::move(pay_rows)),
+      By(ChildEntriesLoadSql, "KID", std::move(children), true),
+      By(BenefitsLoadSql, "LohnzettelID", pay_rows, true),
+      By(ShortTimeLoadSql, "LohnzettelID", std::move(pay_rows), true),
   });
   return row;
 }

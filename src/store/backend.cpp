@@ -136,10 +136,12 @@ std::vector<QueryResult> Backend::QueryMany(const std::vector<std::string>& jet_
 }
 
 const TranslatedSql& Backend::TranslateForKeys(std::string_view jet_sql, const KeyListForm& form) {
-  auto found = key_translations_.find(jet_sql);
+  std::string key(jet_sql);
+  key += form.joined ? "\x02" : "\x03";
+  auto found = key_translations_.find(key);
   if (found != key_translations_.end()) return found->second;
   if (key_translations_.size() >= kTranslationCacheLimit) key_translations_.clear();
-  return key_translations_.emplace(std::string(jet_sql), TranslateSql(jet_sql, dialect_, &form)).first->second;
+  return key_translations_.emplace(std::move(key), TranslateSql(jet_sql, dialect_, &form)).first->second;
 }
 
 std::function<QueryResult()> Backend::InsertRowAhead(const std::string& table, const std::vector<std::string>& columns,

@@ -7,6 +7,7 @@
 #include "ormelix/store/store.h"
 #include "ormelix/store/text_order.h"
 #include "ormelix/store/value_helpers.h"
+#include "read_ahead.h"
 #include "rowset.h"
 #include "sql_dialect.h"
 
@@ -31,17 +32,6 @@ struct KeyedText {
              text.find(kMarker, at + kMarker.size()) == std::string::npos;
   }
 
-  // The literal of a key in its statement's text, "" when the text is not of this
-  // form or the literal is no ID (its statement then runs on its own).
-  std::string_view LiteralOf(std::string_view keyed) const {
-    const std::size_t after = text.size() - at - kMarker.size();
-    if (keyed.size() <= at + after || keyed.compare(0, at, text, 0, at) != 0 ||
-        keyed.compare(keyed.size() - after, after, text, at + kMarker.size(), after) != 0)
-      return {};
-    std::string_view literal = keyed.substr(at, keyed.size() - at - after);
-    return detail::IsGuidText(literal) ? literal : std::string_view();
-  }
-
   // Where the marker's literal is among the statement's bound parameters.
   std::size_t Param() const {
     const std::vector<Variant> params = detail::ShapeOf(text).params;
@@ -53,71 +43,71 @@ struct KeyedText {
   std::string Subject() const { return text.substr(0, at) + "(the keys read ahead)" + text.substr(at + kMarker.size()); }
 };
 
-// The keys of one statement that share one value of the key (IDs in upper case):
-// the texts of their statement, and where their rows lie in the read.
-struct KeyGroup {
-  std::vector<std::string> texts;
-  std::size_t begin = 0, end = 0;  // rows
-  bool seen = false;
-  bool together = true;  // its rows lie together, in the statement's order
-};
-
+// The keys of one statement: the values of their literals (IDs in upper case),
+// each once, and where each is among them.
 struct Asked {
   std::vector<std::string> values;                       // by group
   std::unordered_map<std::string, std::size_t> group_of;  // value -> group
-  std::vector<KeyGroup> groups;
 };
+
+constexpr std::size_t kNoGroup = static_cast<std::size_t>(-1);
 
 // The group of a row's key, or none. IDs are found by their upper case; any
 // other text, rarely, by the store's text order.
-KeyGroup* GroupOf(Asked& asked, const std::string& key, std::string& upper) {
+std::size_t GroupOf(const Asked& asked, const std::string& key, std::string& upper) {
   if (detail::IsGuidText(key)) {
     upper.assign(key);
     for (char& c : upper) c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c);
     auto found = asked.group_of.find(upper);
-    return found == asked.group_of.end() ? nullptr : &asked.groups[found->second];
+    return found == asked.group_of.end() ? kNoGroup : found->second;
   }
   for (std::size_t g = 0; g < asked.values.size(); ++g)
-    if (EqualText(asked.values[g], key)) return &asked.groups[g];
-  return nullptr;
+    if (EqualText(asked.values[g], key)) return g;
+  return kNoGroup;
 }
 
-// The rows of each key: the read gives them by key, so that the rows of one key
-// lie together and its statement gets a slice of the read's rows. A key whose
-// rows do not (which the order of the read rules out) is left to its statement.
-std::vector<std::shared_ptr<detail::RowSet>> Place(Asked& asked, detail::QueryResult& result, int key_column) {
+// The rows of each key, in the order read (the statement's own). Where the rows
+// of a key lie together (the read gave them by key) its statement gets a slice of
+// the read's rows; else they are taken out of the read into rows of its own.
+std::vector<std::shared_ptr<detail::RowSet>> Place(const Asked& asked, detail::QueryResult& result, int key_column) {
   auto block = std::make_shared<std::vector<Variant>>(std::move(result.cells));
   const std::size_t width = result.layout->Size();
   const std::size_t rows = width ? block->size() / width : 0;
+  std::vector<std::size_t> group_of_row(rows, kNoGroup);
+  const std::size_t groups = asked.values.size();
+  std::vector<std::size_t> first(groups, kNoGroup), last(groups), count(groups);
   std::string upper;
-  KeyGroup* group = nullptr;
-  const std::string* last = nullptr;  // the key of the row before
+  std::size_t group = kNoGroup;
+  const std::string* previous = nullptr;  // the key of the row before
   for (std::size_t row = 0; row < rows; ++row) {
     const Variant& key = (*block)[row * width + static_cast<std::size_t>(key_column)];
     if (!key.IsText()) continue;
-    if (!last || key.AsText() != *last) {
-      group = GroupOf(asked, key.AsText(), upper);
-      last = &key.AsText();
-      if (group && group->seen && group->end != row) group->together = false;
-      if (group && !group->seen) {
-        group->seen = true;
-        group->begin = row;
-      }
-    }
-    if (group) group->end = row + 1;
+    if (!previous || key.AsText() != *previous) group = GroupOf(asked, key.AsText(), upper);
+    previous = &key.AsText();
+    if (group == kNoGroup) continue;
+    group_of_row[row] = group;
+    if (first[group] == kNoGroup) first[group] = row;
+    last[group] = row;
+    ++count[group];
   }
-  std::vector<std::shared_ptr<detail::RowSet>> placed(asked.groups.size());
-  for (std::size_t g = 0; g < asked.groups.size(); ++g) {
-    const KeyGroup& each = asked.groups[g];
-    if (!each.together) continue;
-    auto rowset = std::make_shared<detail::RowSet>();
-    rowset->layout = result.layout;
-    if (each.seen) {
-      rowset->block = block;
-      rowset->first = each.begin * width;
-      rowset->size = (each.end - each.begin) * width;
+  std::vector<std::shared_ptr<detail::RowSet>> placed(groups);
+  for (std::size_t g = 0; g < groups; ++g) {
+    placed[g] = std::make_shared<detail::RowSet>();
+    placed[g]->layout = result.layout;
+    if (first[g] != kNoGroup && last[g] + 1 - first[g] == count[g]) {
+      placed[g]->block = block;
+      placed[g]->first = first[g] * width;
+      placed[g]->size = count[g] * width;
+    } else if (first[g] != kNoGroup) {
+      placed[g]->cells.reserve(count[g] * width);
     }
-    placed[g] = std::move(rowset);
+  }
+  for (std::size_t row = 0; row < rows; ++row) {
+    const std::size_t g = group_of_row[row];
+    if (g == kNoGroup || placed[g]->block) continue;
+    auto begin = block->begin() + static_cast<long>(row * width);
+    placed[g]->cells.insert(placed[g]->cells.end(), std::make_move_iterator(begin),
+                            std::make_move_iterator(begin + static_cast<long>(width)));
   }
   return placed;
 }
@@ -131,8 +121,10 @@ StoreReadAhead::StoreReadAhead(StoreSession* session) : snapshot_(session), sess
 
 StoreReadAhead::~StoreReadAhead() {
   if (!session_) return;
-  if (session_->ahead_depth_ > 0 && --session_->ahead_depth_ == 0) session_->ahead_rows_.clear();
+  if (session_->ahead_depth_ > 0 && --session_->ahead_depth_ == 0) session_->ahead_rows_->Clear();
 }
+
+std::size_t StoreReadAhead::KeysPerRead() const { return session_ ? session_->backend_->ReadAheadKeys() : 1; }
 
 void StoreReadAhead::Read(std::vector<Statement> statements) {
   read_.assign(statements.size(), {});
@@ -141,22 +133,20 @@ void StoreReadAhead::Read(std::vector<Statement> statements) {
   std::vector<detail::Backend::NativeQuery> reads;
   std::vector<std::size_t> read_of;  // the statement each read is for
   std::vector<Asked> asked(statements.size());
+  std::vector<detail::ReadAheadRows::Form*> forms(statements.size());
   for (std::size_t s = 0; s < statements.size(); ++s) {
     const KeyedText form(statements[s]);
     if (!form.usable) continue;
+    forms[s] = &session_->ahead_rows_->FormOf(form.text.substr(0, form.at - 1),
+                                              form.text.substr(form.at + kMarker.size()));
     Asked& keys = asked[s];
+    char value[detail::ReadAheadRows::kIdLength];
     for (const std::string& key : statements[s].keys) {
-      std::string text = statements[s].text(key);
-      const std::string_view literal = form.LiteralOf(text);
-      if (literal.empty()) continue;
-      auto [found, fresh] = keys.group_of.emplace(detail::NormalizeGuid(literal), keys.groups.size());
-      if (fresh) {
-        keys.values.push_back(found->first);
-        keys.groups.emplace_back();
-      }
-      keys.groups[found->second].texts.push_back(std::move(text));
+      if (!detail::ReadAheadRows::KeyOf(*forms[s], statements[s].text(key), value)) continue;
+      auto [found, fresh] = keys.group_of.emplace(std::string(value, sizeof value), keys.values.size());
+      if (fresh) keys.values.push_back(found->first);
     }
-    const detail::KeyListForm list{form.Param(), statements[s].key_column};
+    const detail::KeyListForm list{form.Param(), statements[s].key_column, statements[s].few_rows_per_key};
     if (keys.values.empty() || list.param == detail::ShapeOf(form.text).params.size()) continue;
     detail::Backend::NativeQuery query{backend.TranslateForKeys(form.text, list), form.Subject()};
     query.sql.params[list.param] = detail::KeyListValue(keys.values, backend.Dialect());
@@ -171,11 +161,8 @@ void StoreReadAhead::Read(std::vector<Statement> statements) {
     if (key_column < 0)
       throw StoreError("cannot read ahead", reads[r].subject, "its rows have no column " + statements[s].key_column);
     std::vector<std::shared_ptr<detail::RowSet>> placed = Place(asked[s], result, key_column);
-    for (std::size_t g = 0; g < placed.size(); ++g) {
-      if (!placed[g]) continue;
-      for (std::string& text : asked[s].groups[g].texts) session_->ahead_rows_[std::move(text)] = placed[g];
-      read_[s].push_back(std::move(placed[g]));
-    }
+    for (std::size_t g = 0; g < placed.size(); ++g) forms[s]->rows[std::move(asked[s].values[g])] = placed[g];
+    read_[s] = std::move(placed);
   }
 }
 
@@ -203,3 +190,39 @@ std::vector<std::string> StoreReadAhead::Values(std::size_t statement, std::stri
 }
 
 }  // namespace ormelix
+
+namespace ormelix::detail {
+
+ReadAheadRows::Form& ReadAheadRows::FormOf(const std::string& before, const std::string& after) {
+  for (Form& form : forms)
+    if (form.before == before && form.after == after) return form;
+  return forms.emplace_back(Form{before, after, {}});
+}
+
+bool ReadAheadRows::KeyOf(const Form& form, std::string_view text, char (&value)[kIdLength]) {
+  // The length tells most texts of other forms apart before any is compared.
+  if (text.size() != form.before.size() + 1 + kIdLength + form.after.size() || text[form.before.size()] != '=' ||
+      text.compare(0, form.before.size(), form.before) != 0 ||
+      text.compare(text.size() - form.after.size(), form.after.size(), form.after) != 0)
+    return false;
+  const std::string_view literal = text.substr(form.before.size() + 1, kIdLength);
+  if (!IsGuidText(literal)) return false;
+  for (std::size_t i = 0; i < kIdLength; ++i)
+    value[i] = literal[i] >= 'a' && literal[i] <= 'z' ? static_cast<char>(literal[i] - ('a' - 'A')) : literal[i];
+  return true;
+}
+
+std::shared_ptr<RowSet> ReadAheadRows::Take(std::string_view text) {
+  char value[kIdLength];
+  for (Form& form : forms) {
+    if (!KeyOf(form, text, value)) continue;
+    auto found = form.rows.find(std::string_view(value, kIdLength));
+    if (found == form.rows.end()) continue;
+    std::shared_ptr<RowSet> rows = std::move(found->second);
+    form.rows.erase(found);
+    return rows;
+  }
+  return nullptr;
+}
+
+}  // namespace ormelix::detail

@@ -417,14 +417,38 @@ void AppendRowOrder(bool ordered, std::string& out) {
 }
 
 // The key of a statement asked for many keys: "[Column]=key" becomes a list of
-// keys, bound as one parameter.
-void EmitKeyList(std::string_view jet_sql, SqlDialect dialect, std::size_t number, std::string& out) {
+// keys, bound as one parameter. Joined (on SQLite), the comparison goes: the keys
+// join the table instead (see JoinKeys), and "1" stands in its place.
+void EmitKeyList(std::string_view jet_sql, SqlDialect dialect, std::size_t number, bool joined, std::string& out) {
   while (!out.empty() && out.back() == ' ') out.pop_back();
   if (out.empty() || out.back() != '=')
     Refuse(jet_sql, "the key asked for many keys is not compared by '='");
   out.pop_back();
+  if (joined) {
+    while (!out.empty() && out.back() == ' ') out.pop_back();
+    const std::size_t quoted = out.size() >= 2 && out.back() == '"' ? out.rfind('"', out.size() - 2) : std::string::npos;
+    if (quoted == std::string::npos) Refuse(jet_sql, "the key asked for many keys is no column");
+    out.erase(quoted);
+    out += "1";
+    return;
+  }
   out += dialect == SqlDialect::Postgres ? " = ANY($" + std::to_string(number) + "::text[])"
                                          : " IN (SELECT value FROM json_each(?))";
+}
+
+// The keys of a joined key list as the first table of the statement: "SELECT *
+// FROM T" reads the rows of T that join the keys of parameter `number`.
+void JoinKeys(std::string_view jet_sql, const std::string& table, const std::string& column, std::size_t number,
+              std::string& out) {
+  std::string quoted_table;
+  AppendQuotedIdentifier(quoted_table, CanonicalIdentifier(table));
+  const std::string from = "SELECT * FROM " + quoted_table;
+  if (out.compare(0, from.size(), from) != 0) Refuse(jet_sql, "the statement asked for many keys reads no one table");
+  std::string quoted_column;
+  AppendQuotedIdentifier(quoted_column, column);
+  out.replace(0, from.size(),
+              "SELECT " + quoted_table + ".* FROM json_each(?" + std::to_string(number) + ") AS \"ormelix_keys\" JOIN " +
+                  quoted_table + " ON " + quoted_table + "." + quoted_column + " = \"ormelix_keys\".value");
 }
 
 }  // namespace
@@ -464,13 +488,17 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const K
   // statements that differ only in a key share one prepared shape. Literals
   // elsewhere (select list, ORDER BY) stay in the text.
   bool bind = false;
+  // Joined, the key list's parameter comes first in the text: the parameters are
+  // numbered then.
+  const bool joined = key_list && key_list->joined && dialect == SqlDialect::Sqlite;
   auto literal = [&](Variant value, const std::string& text) {
     if (bind && key_list && result.params.size() == key_list->param) {
       result.params.push_back(std::move(value));
-      EmitKeyList(jet_sql, dialect, result.params.size(), emit.out);
+      EmitKeyList(jet_sql, dialect, result.params.size(), joined, emit.out);
     } else if (bind) {
       result.params.push_back(std::move(value));
-      emit.out += dialect == SqlDialect::Postgres ? "$" + std::to_string(result.params.size()) : "?";
+      if (dialect == SqlDialect::Postgres) emit.out += "$" + std::to_string(result.params.size());
+      else emit.out += joined ? "?" + std::to_string(result.params.size()) : "?";
     } else {
       emit.out += text;
     }
@@ -577,7 +605,10 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const K
     if (plain && single) result.base_table = std::string(table.text);
   }
   bool ordered = order_at != std::string::npos;
-  if (key_list) {
+  if (joined) {
+    if (result.base_table.empty()) Refuse(jet_sql, "the statement asked for many keys reads no one table");
+    JoinKeys(jet_sql, result.base_table, key_list->column, key_list->param + 1, emit.out);
+  } else if (key_list) {
     // The rows of one key together (in the store's text order, so that a key
     // written in another case is the same key), then in the statement's own order.
     std::string term;

@@ -36,9 +36,14 @@ SqlShape ShapeOf(std::string_view jet_sql);
 // list of keys bound as one parameter (its value: KeyListValue), and the rows
 // come in the order of `column` first, rows of one key together, then in the
 // statement's own order.
+// Joined (on SQLite), the keys are read one by one and join the table instead,
+// and the rows come in the statement's own order only, those of one key not
+// together: for many keys with few rows each, which SQLite so finds without an
+// index of the keys.
 struct KeyListForm {
   std::size_t param = 0;
   std::string column;
+  bool joined = false;
 };
 
 // Throws StoreError (naming the SQL) for text outside the dialect: an unterminated

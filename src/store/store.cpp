@@ -1,6 +1,7 @@
 #include "ormelix/store/store.h"
 
 #include "backend.h"
+#include "read_ahead.h"
 #include "ormelix/error.h"
 #include "ormelix/text.h"
 
@@ -16,27 +17,25 @@ void ExecuteAhead(StoreSession& session, std::string_view sql) {
 }
 }  // namespace detail
 
-StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}
+StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend)
+    : backend_(std::move(backend)), ahead_rows_(std::make_unique<detail::ReadAheadRows>()) {}
 
 StoreSession::~StoreSession() = default;
 
 void StoreSession::DropReadRows() {
   shared_rows_.clear();
-  ahead_rows_.clear();
+  ahead_rows_->Clear();
 }
 
 std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, CursorTypeEnum cursor, LockTypeEnum lock) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
   std::string text(sql);
-  if (!ahead_rows_.empty() && lock == adLockReadOnly) {
-    auto found = ahead_rows_.find(text);
-    if (found != ahead_rows_.end()) {
-      std::shared_ptr<detail::RowSet> rows = std::move(found->second);
-      ahead_rows_.erase(found);  // asked again, the statement runs
+  if (!ahead_rows_->Empty() && lock == adLockReadOnly) {
+    // Taken once: asked again, the statement runs.
+    if (std::shared_ptr<detail::RowSet> rows = ahead_rows_->Take(text))
       return std::make_unique<Recordset>(backend_, std::move(text), std::move(rows));
-    }
   }
-  if (shared_depth_ == 0 && ahead_rows_.empty())
+  if (shared_depth_ == 0 && ahead_rows_->Empty())
     return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   if (lock != adLockReadOnly) {
     DropReadRows();  // writes may follow: what was read is read afresh after them

@@ -34,8 +34,11 @@ class clsMitarbeiter {
   // How many employees Load reads ahead together: their rows of each table in
   // one statement (on a server, all tables at once: two waits for the server per
   // so many employees instead of some thirty per employee), held until each
-  // employee is loaded from them. 1000 by default; 0 reads each employee's rows
-  // on their own. The loaded list is the same either way.
+  // employee is loaded from them. By default as many as suit the store (a
+  // thousand on a server, a hundred on SQLite: see StoreReadAhead::KeysPerRead);
+  // 0 reads each employee's rows on their own. The loaded list is the same
+  // either way.
+  static constexpr std::size_t kReadAheadOfTheStore = static_cast<std::size_t>(-1);
   void SetReadAhead(std::size_t employees) { read_ahead_ = employees; }
 
   // Reads the flagged tables of every employee again (LLohn::Refresh).
@@ -77,7 +80,7 @@ class clsMitarbeiter {
 
   ManagerRef manager_;
   std::function<void(long, long)> progress_;
-  std::size_t read_ahead_ = 1000;
+  std::size_t read_ahead_ = kReadAheadOfTheStore;
   Collection<LLohn> entries_;
   std::shared_ptr<LLohn> empty_employee_;
 };

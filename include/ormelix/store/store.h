@@ -21,6 +21,7 @@ class StoreSession;
 
 namespace detail {
 class Backend;
+struct ReadAheadRows;
 std::shared_ptr<Backend> BackendOf(const StoreSession& session);
 // The times the session's connection has waited for its server's answers (one
 // per pipeline of statements), for benchmarks and tests; 0 for an SQLite store.
@@ -65,9 +66,8 @@ class StoreSession {
   // The rows read in the open StoreSharedReads scopes, by statement text.
   std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> shared_rows_;
   int ahead_depth_ = 0;  // open StoreReadAhead scopes
-  // The rows read ahead for statements not yet run, by statement text: each
-  // answers its statement once.
-  std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> ahead_rows_;
+  // The rows read ahead for statements not yet run: each answers its statement once.
+  std::unique_ptr<detail::ReadAheadRows> ahead_rows_;
   // What a write makes stale: the rows shared and read ahead.
   void DropReadRows();
 };
@@ -131,10 +131,14 @@ class StoreReadAhead {
   // exactly as the routine makes it (the key, as the routine hands it in, standing
   // in it once, as "[Column]=" and the key's literal), the column the key is
   // compared with, and the keys to read ahead for.
+  // Few rows per key (most keys none or one: the short-time row of a pay row)
+  // tells a store to read by the keys one by one rather than through an index of
+  // them; it reads the same rows either way.
   struct Statement {
     std::function<std::string(const std::string& key)> text;
     std::string key_column;
     std::vector<std::string> keys;
+    bool few_rows_per_key = false;
   };
 
   // Nothing happens for a closed store (or none).
@@ -149,6 +153,11 @@ class StoreReadAhead {
   // not yet asked for. A statement whose text does not take its keys so is left to
   // run on its own.
   void Read(std::vector<Statement> statements);
+
+  // How many keys a Read best takes at a time on this store (1 for none): a
+  // hundred on SQLite (their rows stay in the processor's cache until taken), a
+  // thousand on a server (each Read waits for it).
+  std::size_t KeysPerRead() const;
 
   // The values (as text) of a column of the rows read ahead for statement
   // (by position in the last Read), of the rows that match criteria (a filter

@@ -71,6 +71,7 @@ class PostgresBackend final : public Backend {
   std::string Path() const override { return path_; }
   std::string Connect() const override { return connect_; }
   std::uint64_t RoundTrips() const override { return wire_.RoundTrips(); }
+  std::size_t ReadAheadKeys() const override { return 1000; }
 
   QueryResult Query(std::string_view jet_sql) override {
     const TranslatedSql& sql = Translate(jet_sql);
