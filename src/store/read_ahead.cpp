@@ -148,7 +148,7 @@ void StoreReadAhead::Read(std::vector<Statement> statements) {
     }
     const detail::KeyListForm list{form.Param(), statements[s].key_column, statements[s].few_rows_per_key};
     if (keys.values.empty() || list.param == detail::ShapeOf(form.text).params.size()) continue;
-    detail::Backend::NativeQuery query{backend.TranslateForKeys(form.text, list), form.Subject()};
+    detail::Backend::NativeQuery query{backend.TranslateForKeys(form.text, list), form.Subject(), true};
     query.sql.params[list.param] = detail::KeyListValue(keys.values, backend.Dialect());
     reads.push_back(std::move(query));
     read_of.push_back(s);

@@ -82,16 +82,29 @@ class PostgresBackend final : public Backend {
   }
 
   // The statements go out together and are answered together: one round trip.
+  // Each result is taken in as it comes, while the server makes the next.
   std::vector<QueryResult> QueryNative(const std::vector<NativeQuery>& queries) override {
+    if (queries.empty()) return {};
+    ReadTableNamesOnce();  // at hand before the answers come
     std::vector<Wire::AnswerPtr> answers;
     answers.reserve(queries.size());
     for (const NativeQuery& query : queries)
-      answers.push_back(SendStatement(query.sql.text, query.sql.params, query.subject, true).answer);
-    Settle(queries.empty() ? std::string_view() : std::string_view(queries.front().subject));
-    std::vector<QueryResult> results;
-    results.reserve(queries.size());
+      answers.push_back(
+          SendStatement(query.sql.text, query.sql.params, query.subject, true, query.columns_of_a_table).answer);
+    std::vector<QueryResult> results(queries.size());
+    std::vector<char> taken(queries.size(), 0);
+    std::size_t next = 0;  // answers come in order
+    Settle(queries.front().subject, [&](Wire::Answer& answer) {
+      while (next < answers.size() && answers[next].get() != &answer) ++next;
+      if (next == answers.size() || !answer.result || postgres::Failed(answer.result.get())) return;
+      const NativeQuery& query = queries[next];
+      // A layout that needs the catalogue is made after, when the connection is free.
+      if (!KnownLayout(query.sql.text, query.sql.params) && !TablesKnown(answer.result.get())) return;
+      results[next] = FetchAnswer(query.sql.text, query.sql.params, answers[next]);
+      taken[next] = 1;
+    });
     for (std::size_t i = 0; i < queries.size(); ++i)
-      results.push_back(FetchAnswer(queries[i].sql.text, queries[i].sql.params, answers[i]));
+      if (!taken[i]) results[i] = FetchAnswer(queries[i].sql.text, queries[i].sql.params, answers[i]);
     return results;
   }
 
@@ -214,6 +227,9 @@ class PostgresBackend final : public Backend {
     if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK || own_write_ || joined_ || reading_) return;
     if (sent_.empty() && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return;  // the host's own transaction
     SendControl("BEGIN ISOLATION LEVEL REPEATABLE READ");
+    // The reads of a snapshot are those of a load, read ahead for many keys and
+    // sorted by the server: in memory rather than on disk.
+    SendControl("SET LOCAL work_mem = '64MB'");
     reading_ = true;
   }
 
@@ -319,11 +335,11 @@ class PostgresBackend final : public Backend {
   // A statement of the domain's (declared parameter types) or of the store
   // layer's own writes, prepared if need be, after its savepoint.
   Sent& SendStatement(const std::string& text, const std::vector<Variant>& params, std::string_view subject,
-                      bool declare) {
+                      bool declare, bool binary = false) {
     Statement& statement = Prepare(text, params, subject, declare);
     texts_.Set(params, statement.param_affinities);
     int step = SaveStep();
-    Send(wire_.Run(statement.name, texts_.values), subject, step);
+    Send(wire_.Run(statement.name, texts_.values, binary), subject, step);
     const std::size_t at = sent_.size() - 1;
     if (cache_limit_ == 0) Forget(KeyOf(text, params, declare));
     return sent_[at];
@@ -399,12 +415,12 @@ class PostgresBackend final : public Backend {
 
   // Waits for the answers of what was sent, and raises the first failure among
   // them: see Failed.
-  void Settle(std::string_view subject) {
+  void Settle(std::string_view subject, const std::function<void(Wire::Answer&)>& answered = {}) {
     if (sent_.empty()) return;
     std::vector<Sent> sent = std::move(sent_);
     sent_.clear();
     try {
-      wire_.Sync(subject);
+      wire_.Sync(subject, answered);
     } catch (...) {
       reading_ = false;  // the connection is gone, and the snapshot with it
       throw;
@@ -550,6 +566,13 @@ class PostgresBackend final : public Backend {
     return Fetch(answer->result.get(), LayoutOf(text, params, answer->result.get()));
   }
 
+  // Whether the columns of a prepared statement's result are known (no catalogue
+  // read to make them).
+  bool KnownLayout(const std::string& text, const std::vector<Variant>& params) const {
+    auto found = statements_.find(KeyOf(text, params, true));
+    return found != statements_.end() && found->second.layout;
+  }
+
   std::shared_ptr<const ColumnLayout> LayoutOf(const std::string& text, const std::vector<Variant>& params,
                                                const PGresult* result) {
     auto found = statements_.find(KeyOf(text, params, true));
@@ -578,15 +601,24 @@ class PostgresBackend final : public Backend {
   // at once; a table elsewhere is looked up by its number.
   std::string TableName(Oid table) {
     if (table == InvalidOid) return "";
-    if (!tables_read_) {
-      tables_read_ = true;
-      ReadTableNames("SELECT c.oid::text, c.relname FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace "
-                     "WHERE n.nspname = ANY (current_schemas(false))");
-    }
+    ReadTableNamesOnce();
     auto found = tables_.find(table);
     if (found != tables_.end()) return found->second;
     ReadTableNames("SELECT oid::text, relname FROM pg_class WHERE oid = " + std::to_string(table));
     return tables_[table];
+  }
+
+  void ReadTableNamesOnce() {
+    if (std::exchange(tables_read_, true)) return;
+    ReadTableNames("SELECT c.oid::text, c.relname FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace "
+                   "WHERE n.nspname = ANY (current_schemas(false))");
+  }
+
+  // Whether the tables of a result's columns are all known by name.
+  bool TablesKnown(const PGresult* result) const {
+    for (int i = 0; i < PQnfields(result); ++i)
+      if (PQftable(result, i) != InvalidOid && !tables_.count(PQftable(result, i))) return false;
+    return true;
   }
 
   void ReadTableNames(const std::string& sql) {
@@ -605,12 +637,25 @@ class PostgresBackend final : public Backend {
     int rows = PQntuples(result);
     int count = PQnfields(result);
     std::vector<Oid> types(count);
-    for (int i = 0; i < count; ++i)
+    bool binary = false;
+    for (int i = 0; i < count; ++i) {
       types[i] = out.layout->Columns()[i].affinity == Affinity::Any ? kUnknown : PQftype(result, i);
+      if (PQfformat(result, i) == 0) continue;
+      binary = true;
+      if (!HasBinaryForm(types[i]))
+        throw StoreError("cannot read a column in binary form", out.layout->Columns()[i].name,
+                         "its type " + std::to_string(types[i]) + " has no binary form here");
+    }
     out.cells = TakeSpare();
     out.cells.reserve(static_cast<std::size_t>(rows) * count);
-    for (int row = 0; row < rows; ++row)
-      for (int column = 0; column < count; ++column) out.cells.push_back(Cell(result, row, column, types[column]));
+    for (int row = 0; row < rows; ++row) {
+      for (int column = 0; column < count; ++column)
+        out.cells.push_back(binary ? BinaryCell(result, row, column, types[column]) : Cell(result, row, column, types[column]));
+      // Answers still coming (of the statements sent with this one) are taken off
+      // the connection meanwhile, so that the server goes on making them instead
+      // of waiting for room to send them in.
+      if (row % 256 == 255 && conn_) PQconsumeInput(conn_.get());
+    }
     return out;
   }
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "ormelix/text.h"
 
@@ -159,6 +160,66 @@ Variant Cell(const PGresult* result, int row, int column, Oid type) {
       return Variant(static_cast<std::int64_t>(text[0] == 't' ? -1 : 0));
     default:
       return Variant(std::string(text, static_cast<std::size_t>(length)));
+  }
+}
+
+namespace {
+
+// A whole number of `bytes` bytes in network order.
+std::int64_t BigEndian(const char* data, int bytes) {
+  std::uint64_t value = 0;
+  for (int i = 0; i < bytes; ++i) value = value << 8 | static_cast<unsigned char>(data[i]);
+  const int unused = 64 - 8 * bytes;  // sign-extended from its width
+  return static_cast<std::int64_t>(value << unused) >> unused;
+}
+
+}  // namespace
+
+bool HasBinaryForm(Oid type) {
+  switch (type) {
+    case kBool:
+    case kInt2:
+    case kInt4:
+    case kInt8:
+    case kFloat4:
+    case kFloat8:
+    case kText:
+    case kBpchar:
+    case kVarchar:
+    case kUnknown:
+      return true;
+    default:
+      return false;
+  }
+}
+
+Variant BinaryCell(const PGresult* result, int row, int column, Oid type) {
+  if (PQgetisnull(result, row, column)) return Variant::NullValue();
+  const char* data = PQgetvalue(result, row, column);
+  const int length = PQgetlength(result, row, column);
+  switch (type) {
+    case kBool:
+      return Variant(static_cast<std::int64_t>(data[0] ? -1 : 0));
+    case kInt2:
+    case kInt4:
+    case kInt8:
+      return Variant(BigEndian(data, length));
+    case kFloat4: {
+      const auto bits = static_cast<std::uint32_t>(BigEndian(data, 4));
+      float number;
+      std::memcpy(&number, &bits, sizeof number);
+      return Variant(static_cast<double>(number));
+    }
+    case kFloat8: {
+      const auto bits = static_cast<std::uint64_t>(BigEndian(data, 8));
+      double number;
+      std::memcpy(&number, &bits, sizeof number);
+      return Variant(number);
+    }
+    case kUnknown:
+      return UntypedValue(std::string_view(data, static_cast<std::size_t>(length)));
+    default:  // the texts, whose binary form is their text
+      return Variant(std::string(data, static_cast<std::size_t>(length)));
   }
 }
 

@@ -56,6 +56,11 @@ Oid DeclaredType(const Variant& value);
 // fixed type).
 Variant Cell(const PGresult* result, int row, int column, Oid type);
 
+// A cell in binary form (the result asked for so), for the types HasBinaryForm
+// names; kUnknown as for Cell.
+bool HasBinaryForm(Oid type);
+Variant BinaryCell(const PGresult* result, int row, int column, Oid type);
+
 // A value in COPY's text form, appended to out.
 void AppendCopyText(const Variant& value, std::string& out);
 

@@ -48,9 +48,10 @@ Wire::AnswerPtr Wire::Prepare(const std::string& name, const std::string& text, 
   return pending_.emplace_back(std::make_shared<Answer>());
 }
 
-Wire::AnswerPtr Wire::Run(const std::string& name, const std::vector<const char*>& values) {
+Wire::AnswerPtr Wire::Run(const std::string& name, const std::vector<const char*>& values, bool binary) {
   EnterPipeline();
-  Send(PQsendQueryPrepared(conn_, name.c_str(), static_cast<int>(values.size()), values.data(), nullptr, nullptr, 0),
+  Send(PQsendQueryPrepared(conn_, name.c_str(), static_cast<int>(values.size()), values.data(), nullptr, nullptr,
+                           binary ? 1 : 0),
        name.c_str());
   return pending_.emplace_back(std::make_shared<Answer>());
 }
@@ -67,7 +68,7 @@ Wire::AnswerPtr Wire::Describe(const std::string& name) {
   return pending_.emplace_back(std::make_shared<Answer>());
 }
 
-void Wire::Sync(std::string_view subject) {
+void Wire::Sync(std::string_view subject, const std::function<void(Answer&)>& answered) {
   if (pending_.empty()) return;
   std::vector<AnswerPtr> answers = std::move(pending_);
   pending_.clear();
@@ -95,6 +96,7 @@ void Wire::Sync(std::string_view subject) {
     answer->answered = true;
     // Each command's results end with a null one.
     while ((result = NextResult(at)) != nullptr) PQclear(result);
+    if (answered) answered(*answer);
   }
   PGresult* sync = NextResult(subject);
   bool synced = sync && PQresultStatus(sync) == PGRES_PIPELINE_SYNC;

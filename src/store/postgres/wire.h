@@ -37,7 +37,8 @@ class Wire {
 
   // Commands of the extended protocol, sent now and answered at the next Sync.
   AnswerPtr Prepare(const std::string& name, const std::string& text, const std::vector<Oid>& types);
-  AnswerPtr Run(const std::string& name, const std::vector<const char*>& values);
+  // The result in binary form where binary, else in text form.
+  AnswerPtr Run(const std::string& name, const std::vector<const char*>& values, bool binary = false);
   AnswerPtr RunText(const std::string& text);  // a statement without parameters, unprepared
   AnswerPtr Describe(const std::string& name);
   bool Pending() const { return !pending_.empty(); }
@@ -46,7 +47,10 @@ class Wire {
   // trip. A lost connection is a StoreError about the command it was lost at (or
   // subject), the statement timeout one about subject; a command the server
   // refused is left in its answer.
-  void Sync(std::string_view subject);
+  // answered, if given, is called with each answer as it comes (the next is not
+  // read before it returns): a caller can take in one result while the server
+  // makes the next. It must not use the connection.
+  void Sync(std::string_view subject, const std::function<void(Answer&)>& answered = {});
 
   // A script of the simple protocol (one or more statements), sent after the
   // pending commands are answered, and its last result: one round trip.
