@@ -627,7 +627,14 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const K
       ordered = true;
     }
   }
-  if (!result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(ordered, emit.out);
+  // SQLite gives the rows of a statement without an order as its index holds them,
+  // which for a key's rows is the order they were written in where the statement
+  // names every column of the index (as each key's statement of a load does); the
+  // order is left to it, so that it need not sort (a table of many rows per key,
+  // such as the values of a dated table, would be sorted for nothing). A server
+  // gives such rows in no order at all: there they are put in order.
+  const bool ties = ordered || key_list || dialect == SqlDialect::Postgres;
+  if (ties && !result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(ordered, emit.out);
   result.text = std::move(emit.out);
   return result;
 }
