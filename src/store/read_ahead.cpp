@@ -1,4 +1,6 @@
 // StoreReadAhead: one read per statement for many keys, handed out per key.
+#include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 #include "backend.h"
@@ -64,6 +66,61 @@ std::size_t GroupOf(const Asked& asked, const std::string& key, std::string& upp
   for (std::size_t g = 0; g < asked.values.size(); ++g)
     if (EqualText(asked.values[g], key)) return g;
   return kNoGroup;
+}
+
+// Two cells of a number column in a server's order: numbers ascending (NaN above
+// all), Null after them ascending and before them descending.
+int CompareForOrder(const Variant& a, const Variant& b, bool descending) {
+  // Ascending, Null above every number; descending is the exact reverse.
+  const bool a_null = a.IsMissing();
+  const bool b_null = b.IsMissing();
+  int order = 0;
+  if (a_null || b_null) {
+    order = a_null == b_null ? 0 : (a_null ? 1 : -1);
+  } else {
+    double x = 0;
+    double y = 0;
+    a.TryNumber(x);
+    b.TryNumber(y);
+    if (std::isnan(x) || std::isnan(y)) order = std::isnan(x) == std::isnan(y) ? 0 : (std::isnan(x) ? 1 : -1);
+    else order = x < y ? -1 : (x > y ? 1 : 0);
+  }
+  return descending ? -order : order;
+}
+
+// Puts the rows of a read the server gave in no order into the order of the
+// keys' statements: by key (in the order of the keys asked), then by the
+// statement's terms (client_order, the row key last). Rows of no key go last.
+void PutInOrder(const Asked& asked, detail::QueryResult& result, int key_column,
+                const std::vector<detail::OrderTerm>& order) {
+  const std::size_t width = result.layout->Size();
+  const std::size_t rows = width ? result.cells.size() / width : 0;
+  std::vector<int> columns;
+  for (const detail::OrderTerm& term : order) columns.push_back(result.layout->Lookup(term.column));
+  std::vector<std::size_t> group(rows);
+  std::string upper;
+  for (std::size_t row = 0; row < rows; ++row) {
+    const Variant& key = result.cells[row * width + static_cast<std::size_t>(key_column)];
+    group[row] = key.IsText() ? GroupOf(asked, key.AsText(), upper) : kNoGroup;
+  }
+  std::vector<std::size_t> sorted(rows);
+  for (std::size_t row = 0; row < rows; ++row) sorted[row] = row;
+  std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) {
+    if (group[a] != group[b]) return group[a] < group[b];
+    for (std::size_t t = 0; t < columns.size(); ++t) {
+      if (columns[t] < 0) continue;
+      const auto at = static_cast<std::size_t>(columns[t]);
+      const int c = CompareForOrder(result.cells[a * width + at], result.cells[b * width + at], order[t].descending);
+      if (c != 0) return c < 0;
+    }
+    return false;
+  });
+  std::vector<Variant> cells;
+  cells.reserve(result.cells.size());
+  for (std::size_t row : sorted)
+    cells.insert(cells.end(), std::make_move_iterator(result.cells.begin() + static_cast<long>(row * width)),
+                 std::make_move_iterator(result.cells.begin() + static_cast<long>((row + 1) * width)));
+  result.cells = std::move(cells);
 }
 
 // The rows of each key, in the order read (the statement's own). Where the rows
@@ -160,6 +217,7 @@ void StoreReadAhead::Read(std::vector<Statement> statements) {
     const int key_column = result.layout->Lookup(statements[s].key_column);
     if (key_column < 0)
       throw StoreError("cannot read ahead", reads[r].subject, "its rows have no column " + statements[s].key_column);
+    if (!reads[r].sql.client_order.empty()) PutInOrder(asked[s], result, key_column, reads[r].sql.client_order);
     std::vector<std::shared_ptr<detail::RowSet>> placed = Place(asked[s], result, key_column);
     for (std::size_t g = 0; g < placed.size(); ++g) forms[s]->rows[std::move(asked[s].values[g])] = placed[g];
     read_[s] = std::move(placed);

@@ -454,6 +454,52 @@ void JoinKeys(std::string_view jet_sql, const std::string& table, const std::str
                   quoted_table + " ON " + quoted_table + "." + quoted_column + " = \"ormelix_keys\".value");
 }
 
+// The terms of a statement's top-level ORDER BY, when each is a number column
+// of the table ([Column] or [Column] ASC/DESC), then the row key; false for any
+// other order (a text, an expression), which the server then keeps.
+bool ClientOrderTerms(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant,
+                      const std::string& table, std::vector<OrderTerm>& terms) {
+  std::size_t s = 0;
+  int depth = 0;
+  for (; s + 1 < significant.size(); ++s) {
+    const Token& token = tokens[significant[s]];
+    if (token.type == Tok::Symbol && token.text == "(") ++depth;
+    if (token.type == Tok::Symbol && token.text == ")") --depth;
+    if (depth == 0 && token.type == Tok::Word && AsciiUpper(token.text) == "ORDER") break;
+  }
+  for (s += 2; s < significant.size();) {
+    const Token& column = tokens[significant[s]];
+    if (column.type != Tok::Bracket && column.type != Tok::Word) return false;
+    const std::string name(CanonicalIdentifier(column.text));
+    if (!IsNumberColumn(table, name)) return false;
+    OrderTerm term{name, false};
+    ++s;
+    if (s < significant.size() && tokens[significant[s]].type == Tok::Word) {
+      const std::string word = AsciiUpper(tokens[significant[s]].text);
+      if (word != "ASC" && word != "DESC") return false;
+      term.descending = word == "DESC";
+      ++s;
+    }
+    terms.push_back(std::move(term));
+    if (s < significant.size() && tokens[significant[s]].type == Tok::Semicolon) break;
+    if (s < significant.size() && !(tokens[significant[s]].type == Tok::Symbol && tokens[significant[s]].text == ","))
+      return false;
+    ++s;
+  }
+  if (!IsKeyedTable(table)) return false;
+  terms.push_back({"Nr", false});
+  return true;
+}
+
+// ClientOrderTerms, leaving TERMS empty unless the whole order is the client's.
+bool ClientOrder(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant,
+                 const std::string& table, std::vector<OrderTerm>& terms) {
+  std::vector<OrderTerm> found;
+  if (!ClientOrderTerms(tokens, significant, table, found)) return false;
+  terms = std::move(found);
+  return true;
+}
+
 }  // namespace
 
 Variant KeyListValue(const std::vector<std::string>& keys, SqlDialect dialect) {
@@ -608,6 +654,18 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const K
     if (plain && single) result.base_table = std::string(table.text);
   }
   bool ordered = order_at != std::string::npos;
+  if (key_list && dialect == SqlDialect::Postgres && !result.base_table.empty() &&
+      ClientOrder(tokens, significant, result.base_table, result.client_order)) {
+    // The server gives the rows as they come; the client groups them by key and
+    // puts each key's rows in the statement's order.
+    if (ordered) {
+      const std::size_t order = emit.out.rfind("ORDER", order_at);
+      emit.out.erase(order == std::string::npos ? order_at : order);
+      while (!emit.out.empty() && emit.out.back() == ' ') emit.out.pop_back();
+    }
+    result.text = std::move(emit.out);
+    return result;
+  }
   if (joined) {
     if (result.base_table.empty()) Refuse(jet_sql, "the statement asked for many keys reads no one table");
     JoinKeys(jet_sql, result.base_table, key_list->column, key_list->param + 1, emit.out);

@@ -15,11 +15,22 @@ namespace ormelix::detail {
 
 enum class SqlDialect { Sqlite, Postgres };
 
+// A term of an order the client puts the rows in (see KeyListForm).
+struct OrderTerm {
+  std::string column;
+  bool descending = false;
+};
+
 struct TranslatedSql {
   std::string text;              // in the backend's dialect
   std::vector<Variant> params;   // bound to the placeholders in order (? on SQLite, $n on PostgreSQL)
   std::string base_table;        // for "SELECT * FROM <one table> ...": that table, else ""
   bool is_select = false;
+  // Of a statement asked for many keys on a server whose order is of number
+  // columns only: that order (the row key last), which the server is spared and
+  // the client gives the rows of each key (sorting wide rows costs a server more
+  // than the statement).
+  std::vector<OrderTerm> client_order;
 };
 
 // The shape of a statement: its text with the literals that the translation binds
@@ -66,6 +77,10 @@ std::string_view CanonicalIdentifier(std::string_view name);
 
 // True for a table of either store's schema that has the autonumber Nr.
 bool IsKeyedTable(std::string_view table);
+
+// True for a column of either store's schema that holds numbers (whole numbers,
+// doubles, flags, dates), Nr of a keyed table included.
+bool IsNumberColumn(std::string_view table, std::string_view column);
 
 // True for a column the schema gives no fixed type ("any"), as Settings.Values.
 bool IsUntypedColumn(std::string_view table, std::string_view column);
