@@ -240,6 +240,11 @@ class ReadAheadTest : public test::EmployeeTest {
         test::AddRow(db, "Mitarbeiter_Kinder_ZB", {{"KID", c == 1 ? Lower(child) : child}, {"Zeitraum", 202301 + 100 * (e / 2)},
                                                    {"FB_Bezieher", e + 1}, {"KFZ", e % 2 ? Variant("A") : Variant::NullValue()}});
     }
+    if (k % 2 == 0) return;  // a child of no known birthday, and an entitlement of no period: Nulls in the sort columns
+    const std::string child = test::AddRow(db, "Mitarbeiter_Kinder", {{"MitarbeiterID", key}, {"GebDatum", Variant::NullValue()},
+                                                                     {"VorName", "Kind ohne Datum"}});
+    test::AddRow(db, "Mitarbeiter_Kinder_ZB", {{"KID", child}, {"Zeitraum", 202301}, {"FB_Bezieher", 1}});
+    test::AddRow(db, "Mitarbeiter_Kinder_ZB", {{"KID", child}, {"Zeitraum", Variant::NullValue()}, {"FB_Bezieher", 2}});
   }
 
   // A pay row with a few figures (the rest Null or default), short-time work in
