@@ -1,6 +1,7 @@
 // Mitarbeiter_Lohnzettel_EL: the replacement benefits of a pay row, keyed by
 // LohnzettelID; loaded in period order, saved by deleting the row's benefits and
 // inserting the list anew.
+#include "../employee/load_statements.h"
 #include "../employee/month_check.h"
 #include "../session/store_access.h"
 #include "ormelix/benefits/ersatzleistungen.h"
@@ -64,7 +65,7 @@ void RequireStorableErsatzleistungen(const LLohn_Ersatzleistungen& pListe, const
 namespace {
 
 std::unique_ptr<Recordset> OpenRows(clsManager& pManager, const std::string& pLohnzettelID) {
-  return detail::OpenRead(pManager, RowsSql(pLohnzettelID) + " ORDER BY [Zeitraum] ASC");
+  return detail::OpenRead(pManager, detail::BenefitsLoadSql(pLohnzettelID));
 }
 
 void Fill(LLohn_Ersatzleistungen& pListe, Recordset& rs) {
@@ -97,9 +98,10 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
   RequireStorableErsatzleistungen(liste, "the pay row " + pLohnzettelID);
   // Delete and insert hold together against other programs; a failure half-way
   // keeps what was written, as every save does.
-  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
-  detail::PayrollStore(pManager).ExecuteSql("DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" +
-                                            SqlID(pLohnzettelID));
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
+  detail::ExecuteAhead(detail::PayrollStore(pManager),
+                       "DELETE * FROM [Mitarbeiter_Lohnzettel_EL] WHERE [LohnzettelID]=" + SqlID(pLohnzettelID));
   // The pay row has no benefit left: the statement of its rows serves to insert.
   auto rs = detail::OpenWrite(pManager, RowsSql(pLohnzettelID));
   for (const auto& entry : liste) {
@@ -113,3 +115,11 @@ void SaveErsatzleistungen(clsManager& pManager, LLohn& pLohn, const std::string&
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string BenefitsLoadSql(const std::string& pay_row) {
+  return modDatabase::RowsSql(pay_row) + " ORDER BY [Zeitraum] ASC";
+}
+
+}  // namespace ormelix::detail

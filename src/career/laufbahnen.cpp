@@ -1,5 +1,6 @@
 // LLohn_Laufbahnen: the list, its load from the store, the one write (UpdateBef),
 // and the position walkers.
+#include "../employee/load_statements.h"
 #include "ormelix/career/laufbahnen.h"
 
 #include "../session/store_access.h"
@@ -26,6 +27,11 @@ bool Above(const Variant& index, long number) {
 
 }  // namespace
 
+std::string detail::CareerLoadSql(const std::string& employee_id) {
+  return "SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [MitarbeiterID]=" + ValueHelpers::SqlID(employee_id) +
+         " ORDER BY [Datum] ASC, [Nr] ASC";
+}
+
 LLohn_Laufbahnen::LLohn_Laufbahnen() : steps_(kCollectionName), end_marker_(std::make_shared<LLohn_Laufbahn>()) {}
 
 Variant LLohn_Laufbahnen::AddItem(const StepPtr& pLaufbahn, const Variant& pBefore, const Variant& pAfter) {
@@ -36,8 +42,7 @@ Variant LLohn_Laufbahnen::AddItem(const StepPtr& pLaufbahn, const Variant& pBefo
 
 void LLohn_Laufbahnen::Load() {
   const std::shared_ptr<clsManager> manager = manager_.Get();
-  auto rows = detail::OpenRead(*manager, "SELECT * FROM [Mitarbeiter_Laufbahn] WHERE [MitarbeiterID]=" +
-                                             ValueHelpers::SqlID(employee_id_) + " ORDER BY [Datum] ASC, [Nr] ASC");
+  auto rows = detail::OpenRead(*manager, detail::CareerLoadSql(employee_id_));
   std::unique_ptr<Recordset> reasons;
   if (manager->ImportDB())
     reasons = manager->ImportDB()->Session().OpenRecordset("SELECT * FROM [DM_Austrittsgründe]");

@@ -1,4 +1,5 @@
 // LLohn_Kind_Zeitbezuege: the load of a child's history and the entry in force.
+#include "../employee/load_statements.h"
 #include "ormelix/children/kind_zeitbezuege.h"
 
 #include "../session/store_access.h"
@@ -15,11 +16,14 @@ constexpr const char* kTable = "Mitarbeiter_Kinder_ZB";
 
 }  // namespace
 
+std::string detail::ChildEntriesLoadSql(const std::string& child_id) {
+  return "SELECT * FROM [Mitarbeiter_Kinder_ZB] WHERE [KID]=" + ValueHelpers::SqlID(child_id) + " ORDER BY [Zeitraum] ASC";
+}
+
 LLohn_Kind_Zeitbezuege::LLohn_Kind_Zeitbezuege() : entries_(kCollectionName) {}
 
 void LLohn_Kind_Zeitbezuege::Load() {
-  auto rows = detail::OpenRead(*manager_.Get(), "SELECT * FROM [Mitarbeiter_Kinder_ZB] WHERE [KID]=" +
-                                                    ValueHelpers::SqlID(child_id_) + " ORDER BY [Zeitraum] ASC");
+  auto rows = detail::OpenRead(*manager_.Get(), detail::ChildEntriesLoadSql(child_id_));
   Clear();
   Collection<LLohn_Kind_Zeitbezug> loaded = detail::ReadRows(*rows, ZeitbezugColumns(), kCollectionName,
                                                              "the entry of a child", kTable, [](LLohn_Kind_Zeitbezug&) {});

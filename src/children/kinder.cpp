@@ -1,4 +1,5 @@
 // LLohn_Kinder: the list and its load.
+#include "../employee/load_statements.h"
 #include "ormelix/children/kinder.h"
 
 #include "../session/store_access.h"
@@ -14,12 +15,16 @@ constexpr const char* kCollectionName = "the children";
 
 }  // namespace
 
+std::string detail::ChildrenLoadSql(const std::string& employee_id) {
+  return "SELECT * FROM [Mitarbeiter_Kinder] WHERE [MitarbeiterID]=" + ValueHelpers::SqlID(employee_id) +
+         " ORDER BY [GebDatum] ASC";
+}
+
 LLohn_Kinder::LLohn_Kinder() : children_(kCollectionName) {}
 
 void LLohn_Kinder::Load() {
   const std::shared_ptr<clsManager> manager = manager_.Get();
-  auto rows = detail::OpenRead(*manager, "SELECT * FROM [Mitarbeiter_Kinder] WHERE [MitarbeiterID]=" +
-                                             ValueHelpers::SqlID(employee_id_) + " ORDER BY [GebDatum] ASC");
+  auto rows = detail::OpenRead(*manager, detail::ChildrenLoadSql(employee_id_));
   Clear();
   Collection<LLohn_Kind> loaded = detail::ReadRows(*rows, KindColumns(), kCollectionName, "the child",
                                                    "Mitarbeiter_Kinder", [&](LLohn_Kind& child) { child.LoadKind(manager); });

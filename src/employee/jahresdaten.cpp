@@ -1,5 +1,6 @@
 // Mitarbeiter_Jahresdaten: one row per employee and year, held in LLohn.Jahresdaten
 // for the session's AktJahr.
+#include "load_statements.h"
 #include "ormelix/employee/jahresdaten.h"
 
 #include "ormelix/employee/lohn.h"
@@ -85,14 +86,15 @@ const ColumnSet<LLohn_Jahresdaten>& JahresdatenColumns() {
 }
 
 void LoadJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(YearSql(PlainKey(pMitarbeiterID), pManager.AktJahr),
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::YearDataLoadSql(pMitarbeiterID, pManager.AktJahr),
                                                  adOpenForwardOnly, adLockReadOnly);
   if (!rs->Eof()) JahresdatenColumns().Load(*pLohn.Jahresdaten(), *rs);
   rs->Close();
 }
 
 void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(YearSql(SqlID(pMitarbeiterID), pManager.AktJahr), adOpenDynamic,
                                                  adLockOptimistic);
   if (rs->Eof()) {
@@ -107,3 +109,11 @@ void SaveJahresdaten(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string YearDataLoadSql(const std::string& employee_id, std::int16_t year) {
+  return modDatabase::YearSql(modDatabase::PlainKey(employee_id), year);
+}
+
+}  // namespace ormelix::detail

@@ -3,6 +3,7 @@
 // Aufwandsentsch_ grids.
 #include <stdexcept>
 
+#include "load_statements.h"
 #include "month_check.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/lohnarten.h"
@@ -166,7 +167,7 @@ const ColumnSet<LohnartenLine>& LohnartenColumns(int pLohnarttyp) {
 }
 
 void LoadLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(TableSql(pMitarbeiterID) + " ORDER BY [Zeitraum], [SortNr]");
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::LinesLoadSql(pMitarbeiterID));
   if (rs->Eof()) {
     rs->Close();
     return;
@@ -189,7 +190,8 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveLohnarten", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum) + " ORDER BY [SortNr]", adOpenDynamic,
       adLockOptimistic);
@@ -218,3 +220,11 @@ void SaveLohnarten(clsManager& pManager, LLohn& pLohn, const std::string& pMitar
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string LinesLoadSql(const std::string& employee_id) {
+  return modDatabase::TableSql(employee_id) + " ORDER BY [Zeitraum], [SortNr]";
+}
+
+}  // namespace ormelix::detail

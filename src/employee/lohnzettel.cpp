@@ -2,6 +2,7 @@
 // held in memory as the month arrays of LLohn and a few monthly children.
 #include <cmath>
 
+#include "load_statements.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
 #include "ormelix/store/date_helpers.h"
@@ -285,7 +286,7 @@ const ColumnSet<LohnzettelMonth>& LohnzettelColumns() {
 }
 
 void LoadLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(MonthSql(pMitarbeiterID) + " ORDER BY [Zeitraum] ASC");
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::PayLoadSql(pMitarbeiterID));
   const auto bound = LohnzettelColumns().Bind(*rs);
   for (int month = 1; month <= 12; ++month) {
     rs->Filter("[Zeitraum]=" + std::to_string(MakeZeitraum(static_cast<std::int16_t>(month), pManager.AktJahr)));
@@ -314,7 +315,8 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
   RequireStorableErsatzleistungen(*pLohn.SV_EL_Laufend(month), where);
   RequireFinite(KurzarbeitColumns(), *pLohn.Kurzarbeit(month), "Mitarbeiter_Lohnzettel_Kurzarbeit", where);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       MonthSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -332,3 +334,11 @@ void SaveLohnzettel(clsManager& pManager, LLohn& pLohn, const std::string& pMita
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string PayLoadSql(const std::string& employee_id) {
+  return modDatabase::MonthSql(employee_id) + " ORDER BY [Zeitraum] ASC";
+}
+
+}  // namespace ormelix::detail

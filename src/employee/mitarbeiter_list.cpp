@@ -5,6 +5,7 @@
 #include "ormelix/employer/mandant.h"
 #include "ormelix/store/date_helpers.h"
 #include "ormelix/store/value_helpers.h"
+#include "read_ahead.h"
 #include "store_access.h"
 
 namespace ormelix {
@@ -65,24 +66,36 @@ void clsMitarbeiter::Load(std::int16_t pFilterAbrechnungsjahr, eSortOrderMitarbe
                 "ChangeAktMandant first");
   StoreSession& db = modDatabase::PayrollStore(*manager);
   const detail::LoadSnapshot snapshot(*manager);  // every employee as the store stood at the start
+  // Each employee's statements are answered from reads ahead for many employees,
+  // and the catalogue of exit reasons that each career reads is read once.
+  StoreReadAhead ahead(&db);
+  const StoreSharedReads reference(detail::SessionOf(manager->ImportDB()));
   auto employees = db.OpenRecordset("SELECT * FROM [Mitarbeiter] WHERE [MandantenID]=" +
                                     SqlID(manager->AktMandant()->ID()) + " ORDER BY " + SortText(pSortOrder));
   auto career = db.OpenRecordset("SELECT * FROM [Mitarbeiter_Laufbahn] ORDER BY [Datum] DESC, [Nr] DESC");
   auto replacements = db.OpenRecordset(ReplacementSql(pFilterAbrechnungsjahr));
-  std::int16_t index = 0;
-  const long total = employees->RecordCount();
-  for (long done = 1; !employees->Eof(); employees->MoveNext(), ++done) {
-    if (BelongsToYear(pFilterAbrechnungsjahr, *employees, *career, *replacements)) {
-      auto lohn = std::make_shared<LLohn>();
-      const std::string id = ToText(employees->Fields("ID"));
-      lohn->LoadMitarbeiter(*manager, id, ++index);
-      entries_.Add(lohn, id);
-    }
-    if (progress_) progress_(done, total);
-  }
+  // The employees of the year (by row, "" for a row that is not), before any is loaded.
+  std::vector<std::string> taken;
+  for (; !employees->Eof(); employees->MoveNext())
+    taken.push_back(BelongsToYear(pFilterAbrechnungsjahr, *employees, *career, *replacements)
+                        ? ToText(employees->Fields("ID"))
+                        : std::string());
   employees->Close();
   career->Close();
   replacements->Close();
+  const std::size_t per_read = read_ahead_ == kReadAheadOfTheStore ? ahead.KeysPerRead() : read_ahead_;
+  std::int16_t index = 0;
+  const long total = static_cast<long>(taken.size());
+  std::size_t read_up_to = 0;  // rows before it are read ahead
+  for (std::size_t row = 0; row < taken.size(); ++row) {
+    if (!taken[row].empty()) {
+      if (row >= read_up_to && per_read > 0) read_up_to = detail::ReadAheadEmployees(ahead, *manager, taken, row, per_read);
+      auto lohn = std::make_shared<LLohn>();
+      lohn->LoadMitarbeiter(*manager, taken[row], ++index);
+      entries_.Add(lohn, taken[row]);
+    }
+    if (progress_) progress_(static_cast<long>(row) + 1, total);
+  }
 }
 
 void clsMitarbeiter::Add(std::shared_ptr<LLohn>& pLohn, std::int16_t pFilterAbrechnungsjahr,

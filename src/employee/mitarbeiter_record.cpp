@@ -1,5 +1,6 @@
 // Mitarbeiter and Mitarbeiter_Bankverbindung: the master record of an employee and
 // its bank details.
+#include "load_statements.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
 #include "ormelix/employer/mandant.h"
@@ -132,13 +133,14 @@ const ColumnSet<LLohn>& BankverbindungColumns() {
 }
 
 void LoadMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter", "ID", pMitarbeiterID));
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::MasterLoadSql(pMitarbeiterID));
   if (!rs->Eof()) MitarbeiterColumns().Load(pLohn, *rs);
   rs->Close();
 }
 
 void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter", "ID", pMitarbeiterID), adOpenDynamic,
                                                  adLockOptimistic);
   // A save never inserts: the row comes from InsertMitarbeiterRecord.
@@ -153,7 +155,8 @@ void SaveMitarbeiterRecord(clsManager& pManager, LLohn& pLohn, const std::string
 std::string InsertMitarbeiterRecord(clsManager& pManager) {
   const auto& employer = pManager.AktMandant();
   if (!employer) throw Error("an employee can only be added for a current employer: call ChangeAktMandant first");
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset("SELECT * FROM [Mitarbeiter]", adOpenDynamic, adLockOptimistic);
   rs->AddNew();
   rs->Collect("MandantenID", Variant(SqlID(employer->ID())));
@@ -165,13 +168,14 @@ std::string InsertMitarbeiterRecord(clsManager& pManager) {
 }
 
 void LoadBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  auto rs = PayrollStore(pManager).OpenRecordset(EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", pMitarbeiterID));
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::BankLoadSql(pMitarbeiterID));
   if (!rs->Eof()) BankverbindungColumns().Load(pLohn, *rs);
   rs->Close();
 }
 
 void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", pMitarbeiterID), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -185,3 +189,15 @@ void SaveBankverbindung(clsManager& pManager, LLohn& pLohn, const std::string& p
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string MasterLoadSql(const std::string& employee_id) {
+  return modDatabase::EmployeeSql("Mitarbeiter", "ID", employee_id);
+}
+
+std::string BankLoadSql(const std::string& employee_id) {
+  return modDatabase::EmployeeSql("Mitarbeiter_Bankverbindung", "MitarbeiterID", employee_id);
+}
+
+}  // namespace ormelix::detail

@@ -1,5 +1,6 @@
 // Mitarbeiter_Übertritte: one row per employee and month with a change of
 // contribution group, held in LLohn.Uebertritt(1..12).
+#include "load_statements.h"
 #include "month_check.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
@@ -37,7 +38,7 @@ const ColumnSet<LLohn_Übertritt>& UebertritteColumns() {
 
 void LoadUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMitarbeiterID) {
   // All of the employee's rows, of every year: the month filter picks those of AktJahr.
-  auto rs = PayrollStore(pManager).OpenRecordset(TableSql(pMitarbeiterID) + " ORDER BY [Zeitraum] ASC");
+  auto rs = PayrollStore(pManager).OpenRecordset(detail::TransfersLoadSql(pMitarbeiterID));
   if (rs->Eof()) {
     rs->Close();
     return;
@@ -54,7 +55,8 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
   const std::int16_t month = pManager.AktMonat;
   RequireSaveMonth("SaveUebertritte", "AktMonat", month);
   const std::int32_t zeitraum = MakeZeitraum(month, pManager.AktJahr);
-  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = PayrollStore(pManager).OpenRecordset(
       TableSql(pMitarbeiterID) + " AND [Zeitraum]=" + std::to_string(zeitraum), adOpenDynamic, adLockOptimistic);
   if (rs->Eof()) {
@@ -69,3 +71,12 @@ void SaveUebertritte(clsManager& pManager, LLohn& pLohn, const std::string& pMit
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+// All of the employee's rows, of every year: the month filter picks those of AktJahr.
+std::string TransfersLoadSql(const std::string& employee_id) {
+  return modDatabase::TableSql(employee_id) + " ORDER BY [Zeitraum] ASC";
+}
+
+}  // namespace ormelix::detail

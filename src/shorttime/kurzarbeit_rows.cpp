@@ -1,5 +1,6 @@
 // Mitarbeiter_Lohnzettel_Kurzarbeit: at most one row per monthly pay row, keyed by
 // LohnzettelID, loaded and saved with the pay month.
+#include "../employee/load_statements.h"
 #include "../session/store_access.h"
 #include "ormelix/employee/lohn.h"
 #include "ormelix/employee/mod_database.h"
@@ -86,20 +87,21 @@ const ColumnSet<LLohn_Kurzarbeit>& KurzarbeitColumns() {
 }
 
 void LoadKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
-  auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
+  auto rs = detail::OpenRead(pManager, detail::ShortTimeLoadSql(pLohnzettelID));
   if (!rs->Eof()) KurzarbeitColumns().Load(pKurzarbeit, *rs);
   rs->Close();
 }
 
 void LoadKurzarbeit(clsManager& pManager, LLohn& pLohn, std::int16_t pMonat, const std::string& pLohnzettelID) {
-  auto rs = detail::OpenRead(pManager, RowSql(pLohnzettelID));
+  auto rs = detail::OpenRead(pManager, detail::ShortTimeLoadSql(pLohnzettelID));
   if (!rs->Eof()) KurzarbeitColumns().Load(*pLohn.Kurzarbeit(pMonat), *rs);
   rs->Close();
 }
 
 void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const std::string& pLohnzettelID) {
   RequireFinite(KurzarbeitColumns(), pKurzarbeit, "Mitarbeiter_Lohnzettel_Kurzarbeit", "the pay row " + pLohnzettelID);
-  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten);
+  StoreWriteTransaction save(detail::PayrollStore(pManager), StoreWriteTransaction::KeepWritten,
+                             StoreWriteTransaction::LockWithFirstStatement);
   auto rs = detail::OpenWrite(pManager, RowSql(pLohnzettelID));
   if (rs->Eof()) rs->AddNew();
   rs->Collect("LohnzettelID", Variant(pLohnzettelID));
@@ -110,3 +112,9 @@ void SaveKurzarbeit(clsManager& pManager, LLohn_Kurzarbeit& pKurzarbeit, const s
 }
 
 }  // namespace ormelix::modDatabase
+
+namespace ormelix::detail {
+
+std::string ShortTimeLoadSql(const std::string& pay_row) { return modDatabase::RowSql(pay_row); }
+
+}  // namespace ormelix::detail

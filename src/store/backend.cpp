@@ -74,18 +74,23 @@ ConnectOptions ParseConnect(const std::string& connect, const std::string& path)
       options.read_only = true;
       return;
     }
-    if (folded.rfind("busy_timeout=", 0) == 0) {
-      std::string number = folded.substr(13);
+    // Milliseconds of a timeout option: busy_timeout=MS, statement_timeout=MS (at least 1).
+    auto timeout = [&](const char* name, int& into, int least) {
+      const std::string prefix = std::string(name) + "=";
+      if (folded.rfind(prefix, 0) != 0) return false;
+      std::string number = folded.substr(prefix.size());
       bool digits = !number.empty() && number.size() <= 7 &&
                     number.find_first_not_of("0123456789") == std::string::npos;
-      if (digits) {
-        options.busy_timeout_ms = std::stoi(number);
-        return;
-      }
-    }
+      if (!digits || std::stoi(number) < least) return false;
+      into = std::stoi(number);
+      return true;
+    };
+    if (timeout("busy_timeout", options.busy_timeout_ms, 0)) return;
+    if (timeout("statement_timeout", options.statement_timeout_ms, 1)) return;
     throw StoreError("unknown store kind or option", path,
                      "the connect text '" + connect + "' holds '" + folded +
-                         "'; expected sqlite or postgres, readonly, busy_timeout=MILLISECONDS, statement_cache=N");
+                         "'; expected sqlite or postgres, readonly, busy_timeout=MILLISECONDS, statement_cache=N, "
+                         "statement_timeout=MILLISECONDS");
   };
   for (char c : connect) {
     if (c == ';' || c == ',') take();
@@ -129,6 +134,27 @@ void Backend::InsertRows(const std::string& table, const std::vector<std::string
               row.begin());
     InsertRow(table, columns, row);
   }
+}
+
+std::vector<QueryResult> Backend::QueryMany(const std::vector<std::string>& jet_sqls) {
+  std::vector<NativeQuery> queries;
+  queries.reserve(jet_sqls.size());
+  for (const std::string& sql : jet_sqls) queries.push_back({Translate(sql), sql});
+  return QueryNative(queries);
+}
+
+const TranslatedSql& Backend::TranslateForKeys(std::string_view jet_sql, const KeyListForm& form) {
+  std::string key(jet_sql);
+  key += form.joined ? "\x02" : "\x03";
+  auto found = key_translations_.find(key);
+  if (found != key_translations_.end()) return found->second;
+  if (key_translations_.size() >= kTranslationCacheLimit) key_translations_.clear();
+  return key_translations_.emplace(std::move(key), TranslateSql(jet_sql, dialect_, &form)).first->second;
+}
+
+std::function<QueryResult()> Backend::InsertRowAhead(const std::string& table, const std::vector<std::string>& columns,
+                                                     const std::vector<Variant>& values) {
+  return [stored = InsertRow(table, columns, values)] { return stored; };
 }
 
 const TranslatedSql& Backend::Translate(std::string_view jet_sql) {

@@ -2,6 +2,8 @@
 // the helpers are written against it; SQLite is the first backend.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -90,11 +92,32 @@ class Backend {
 
   // Runs a SELECT in the domain's dialect and fetches all its rows.
   virtual QueryResult Query(std::string_view jet_sql) = 0;
+  // Runs several SELECTs and fetches the rows of each; a backend that can sends
+  // them together and waits for the server once.
+  std::vector<QueryResult> QueryMany(const std::vector<std::string>& jet_sqls);
+  // The same for statements in the backend's own dialect, each with the text it
+  // stands for in messages.
+  // Of one table's columns (as a read ahead is), a query's rows may travel in
+  // the server's binary form, which it makes and the client reads far faster than
+  // text.
+  struct NativeQuery {
+    TranslatedSql sql;
+    std::string subject;
+    bool columns_of_a_table = false;
+  };
+  virtual std::vector<QueryResult> QueryNative(const std::vector<NativeQuery>& queries) = 0;
+  // The translation of a statement asked for many keys (see KeyListForm), made
+  // once per text; its key list parameter is the caller's to set.
+  const TranslatedSql& TranslateForKeys(std::string_view jet_sql, const KeyListForm& form);
   // The columns a SELECT gives, without running it; a statement the store
   // refuses fails here.
   virtual std::shared_ptr<const ColumnLayout> Describe(std::string_view jet_sql) = 0;
   // Runs an action statement in the domain's dialect; gives the rows it touched.
   virtual long Execute(std::string_view jet_sql) = 0;
+  // The same where the count is not wanted: within a write transaction a backend
+  // that sends statements ahead sends it with the next statement that waits for
+  // an answer, and a failure of it is raised there (naming it). Gives -1 then.
+  virtual long ExecuteAhead(std::string_view jet_sql) { return Execute(jet_sql); }
 
   // Runs statements of the backend's own dialect, as they stand (schema creation).
   virtual void ExecuteNative(const std::string& script) = 0;
@@ -114,7 +137,19 @@ class Backend {
   // locked, moved or gone fails here with a StoreError. CommitWrite makes the
   // writes since BeginWrite durable together; RollbackWrite drops them and does
   // nothing when no transaction is open (it also serves unwinding).
-  virtual void BeginWrite() = 0;
+  //
+  // A backend that sends the statements of a write transaction ahead (without
+  // waiting for each answer) is told how the transaction wants it: whether
+  // BeginWrite waits for the lock or the lock goes with the transaction's first
+  // statement (a store locked too long fails that statement), and what a
+  // statement that fails later than it was sent leaves: what came before it
+  // (keep_on_failure) or nothing.
+  struct WriteOptions {
+    bool lock_at_once = true;
+    bool keep_on_failure = false;
+  };
+  virtual void BeginWrite(WriteOptions options) = 0;
+  void BeginWrite() { BeginWrite(WriteOptions{}); }
   virtual void CommitWrite() = 0;
   virtual void RollbackWrite() = 0;
 
@@ -126,6 +161,12 @@ class Backend {
   // store); nothing is read back.
   virtual void InsertRows(const std::string& table, const std::vector<std::string>& columns,
                           const std::vector<Variant>& cells);
+  // The same where the stored row may be wanted later: the function gives it. A
+  // backend that sends writes ahead answers it once the store has (waiting for
+  // the answer if it must); a failure of the insert is raised with the next
+  // statement that waits for an answer.
+  virtual std::function<QueryResult()> InsertRowAhead(const std::string& table, const std::vector<std::string>& columns,
+                                                      const std::vector<Variant>& values);
   virtual void UpdateRow(const std::string& table, const Variant& row_key, const std::vector<std::string>& columns,
                          const std::vector<Variant>& values) = 0;
   virtual void DeleteRow(const std::string& table, const Variant& row_key) = 0;
@@ -142,6 +183,16 @@ class Backend {
   virtual Variant Normalize(const Variant& value, Affinity affinity) const = 0;
 
   SqlDialect Dialect() const { return dialect_; }
+
+  // The times this connection waited for its server's answers (0 for a store
+  // without a server): what a store one network away pays for in latency.
+  virtual std::uint64_t RoundTrips() const { return 0; }
+
+  // How many keys a read ahead (StoreReadAhead) best takes at a time: on a store
+  // in the same process few enough that the rows read stay in the processor's
+  // cache until they are taken (measured: a hundred employees' rows), on a server
+  // more, each read being a wait for it.
+  virtual std::size_t ReadAheadKeys() const { return 100; }
 
   // Translation of the domain's SQL, cached per distinct text.
   const TranslatedSql& Translate(std::string_view jet_sql);
@@ -175,6 +226,7 @@ class Backend {
   using TranslationCache = std::unordered_map<std::string, TranslatedSql, TextHash, std::equal_to<>>;
   TranslationCache translations_;        // by shape (see ShapeOf)
   TranslationCache exact_translations_;  // texts without bound literals, by text
+  TranslationCache key_translations_;    // statements asked for many keys, by text
   TranslatedSql uncached_;
   const TranslatedSql* latest_ = nullptr;  // the latest translation handed out, of latest_text_
   std::string latest_text_;
@@ -188,7 +240,8 @@ std::string DoubleAsStoredText(double value);
 // What the connect text of a store asks for: the backend ("sqlite", the default
 // for a file; "postgres" for a connection string, which needs no word) and options
 // ("readonly", "busy_timeout=MS"; "statement_cache=N", the prepared statements a
-// PostgreSQL connection keeps, 0 for none), separated by ';' or ','. StoreError
+// PostgreSQL connection keeps, 0 for none; "statement_timeout=MS"), separated by
+// ';' or ','. StoreError
 // naming the path for anything else.
 struct ConnectOptions {
   std::string backend = "sqlite";
@@ -196,6 +249,9 @@ struct ConnectOptions {
   // How long a statement waits for another program's lock before it fails.
   int busy_timeout_ms = 5000;
   std::size_t statement_cache = 256;
+  // How long a PostgreSQL statement may take, and the longest wait for any answer
+  // of the server: past it the statement fails and the connection is made anew.
+  int statement_timeout_ms = 60000;
 };
 ConnectOptions ParseConnect(const std::string& connect, const std::string& path);
 

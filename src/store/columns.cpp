@@ -3,6 +3,8 @@
 #include <atomic>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -100,6 +102,21 @@ void RethrowUnreadable(const Field& field) {
 }
 
 void LoadProperty(const Variant& field, LoadAs how, PropertyRef into) {
+  // The usual cases first, as the general path below would take them: an amount
+  // stored as a number into a single or a double, a whole number into a 16-bit
+  // property or a flag. A pay row has some two hundred columns.
+  if (field.kind() == Variant::Double && how == LoadAs::Amount) {
+    if (float** single = std::get_if<float*>(&into)) return void(**single = static_cast<float>(field.AsDouble()));
+    if (double** number = std::get_if<double*>(&into)) return void(**number = field.AsDouble());
+  }
+  if (field.kind() == Variant::Integer && (how == LoadAs::Integer || how == LoadAs::Flag)) {
+    const std::int64_t whole = field.AsInteger();
+    std::int16_t** small = std::get_if<std::int16_t*>(&into);
+    if (small && how == LoadAs::Flag) return void(**small = whole != 0 ? -1 : 0);
+    using Small = std::numeric_limits<std::int16_t>;
+    if (small && whole >= Small::min() && whole <= Small::max()) return void(**small = static_cast<std::int16_t>(whole));
+    if (bool** flag = std::get_if<bool*>(&into); flag && how == LoadAs::Flag) return void(**flag = whole != 0);
+  }
   switch (how) {
     case LoadAs::None:
       return;

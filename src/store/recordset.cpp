@@ -1,11 +1,14 @@
 #include "ormelix/store/recordset.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 #include <unordered_map>
 
 #include "backend.h"
 #include "filter.h"
+#include "rowset.h"
 #include "ormelix/error.h"
 #include "ormelix/store/text_order.h"
 #include "ormelix/text.h"
@@ -14,70 +17,9 @@ namespace ormelix {
 
 using detail::ColumnInfo;
 using detail::CompareOp;
-using detail::FilterNode;
-
-using RowList = std::vector<std::uint32_t>;
-
-namespace detail {
-
-// Rows of one column by value, so that an equality term of a filter costs a hash
-// lookup instead of a scan. Texts are keyed in the store's text order, as the
-// filter compares them ('ÄRZTE' finds 'ärzte'). Lists are ascending, as rows are indexed in order.
-// Text keys view the cells' own text, which stays in place while the cells vector
-// grows; a column whose cells are rewritten loses its index first.
-struct ColumnIndex {
-  std::unordered_map<double, RowList> by_number;            // cells that are numbers
-  std::unordered_map<std::string_view, RowList, TextHash, TextEqual> by_text;  // cells that are texts
-  std::unordered_map<double, RowList> by_number_text;       // texts that read as numbers
-
-  void Add(const Variant& cell, std::uint32_t row) {
-    double number = 0;
-    if (cell.IsText()) {
-      by_text[cell.AsText()].push_back(row);
-      if (ParseNumber(cell.AsText(), number)) by_number_text[number].push_back(row);
-    } else if (cell.TryNumber(number)) {
-      by_number[number].push_back(row);
-    }
-  }
-
-  static const RowList* Find(const auto& map, const auto& key) {
-    auto found = map.find(key);
-    return found == map.end() ? nullptr : &found->second;
-  }
-
-  // The rows whose cell equals the literal, in ascending order.
-  RowList Lookup(const Variant& literal) const {
-    const RowList* first = nullptr;
-    const RowList* second = nullptr;
-    double number = 0;
-    if (literal.IsText()) {
-      first = Find(by_text, std::string_view(literal.AsText()));
-      if (ParseNumber(literal.AsText(), number)) second = Find(by_number, number);
-    } else if (literal.TryNumber(number)) {
-      first = Find(by_number, number);
-      second = Find(by_number_text, number);
-    }
-    if (!first && !second) return {};
-    if (!second) return *first;
-    if (!first) return *second;
-    RowList merged;
-    std::set_union(first->begin(), first->end(), second->begin(), second->end(), std::back_inserter(merged));
-    return merged;
-  }
-};
-
-// The rows of one read and the filter indexes made on them. A recordset holds
-// its own; within a StoreSharedReads scope the recordsets of one statement share
-// the rows of its first read.
-struct RowSet {
-  std::shared_ptr<const ColumnLayout> layout;
-  std::vector<Variant> cells;  // row-major
-  mutable std::vector<std::unique_ptr<ColumnIndex>> indexes;
-};
-
-}  // namespace detail
-
 using detail::ColumnIndex;
+using detail::FilterNode;
+using detail::RowList;
 
 // Below this many rows a filter tests every row rather than build an index.
 constexpr std::size_t kRowsWorthAnIndex = 64;
@@ -114,12 +56,30 @@ struct Recordset::Impl {
   // inserted before that is the current row on its own until the rows are read.
   bool fetched = false;
   std::optional<std::vector<Variant>> inserted;
+  // The store's answer to the insert of `inserted`, where the store sends writes
+  // ahead: taken when the row is first read (the key the store gave it), else
+  // never waited for.
+  std::function<detail::QueryResult()> inserting;
+
+  std::vector<Variant>& InsertedRow() {
+    if (inserting) StoredInto(*inserted, std::exchange(inserting, {})());
+    return *inserted;
+  }
+
+  // The columns of a stored row, as the store gave them back, into the row.
+  void StoredInto(std::vector<Variant>& row, const detail::QueryResult& stored) const {
+    if (stored.cells.empty()) return;
+    for (std::size_t i = 0; i < stored.layout->Size(); ++i) {
+      int column = layout->Lookup(stored.layout->Columns()[i].name);
+      if (column >= 0) row[column] = stored.cells[i];
+    }
+  }
 
   detail::RowSet& Rows() { return shared ? *shared : own; }
   const detail::RowSet& Rows() const { return shared ? *shared : own; }
   std::size_t Width() const { return layout->Size(); }
   const ColumnInfo& Column(std::size_t i) const { return layout->Columns()[i]; }
-  std::size_t RowCount() const { return Width() ? Rows().cells.size() / Width() : 0; }
+  std::size_t RowCount() const { return Width() ? Rows().CellCount() / Width() : 0; }
   bool IsDeleted(std::uint32_t row) const { return !deleted.empty() && deleted[row]; }
 
   [[noreturn]] void Fail(const std::string& what, const std::string& detail = {}) const {
@@ -161,10 +121,10 @@ struct Recordset::Impl {
     Load(backend->Query(sql));
     ApplyFilter();
     if (!inserted) return;
-    const Variant key = (*inserted)[key_column];
+    const Variant key = InsertedRow()[key_column];
     inserted.reset();
     for (std::size_t i = 0; i < View().size(); ++i)
-      if (Rows().cells[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
+      if (Rows().Data()[static_cast<std::size_t>(View()[i]) * Width() + key_column] == key) pos = static_cast<long>(i);
   }
 
   int Lookup(std::string_view name) const { return layout->Lookup(name); }
@@ -183,9 +143,9 @@ struct Recordset::Impl {
 
   // The current row's cells, or nullptr at no current row.
   const Variant* Row() {
-    if (inserted) return inserted->data();
+    if (inserted) return InsertedRow().data();
     if (!HasRow()) return nullptr;
-    return &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
+    return &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
   }
 
   const Variant* Cell(int column) {
@@ -198,7 +158,7 @@ struct Recordset::Impl {
     if (Rows().indexes.size() < Width()) Rows().indexes.resize(Width());
     if (!Rows().indexes[column]) {
       auto index = std::make_unique<ColumnIndex>();
-      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(Rows().cells[row * Width() + column], row);
+      for (std::uint32_t row = 0; row < RowCount(); ++row) index->Add(Rows().Data()[row * Width() + column], row);
       Rows().indexes[column] = std::move(index);
     }
     return *Rows().indexes[column];
@@ -235,10 +195,10 @@ struct Recordset::Impl {
     if (!filter) return;
     if (auto candidates = Candidates(*filter)) {
       for (std::uint32_t row : *candidates)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().Data()[row * Width()])) view_.push_back(row);
     } else {
       for (std::uint32_t row = 0; row < RowCount(); ++row)
-        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().cells[row * Width()])) view_.push_back(row);
+        if (!IsDeleted(row) && detail::Evaluate(*filter, &Rows().Data()[row * Width()])) view_.push_back(row);
     }
   }
 
@@ -281,29 +241,24 @@ struct Recordset::Impl {
       values.push_back(edit_row[i]);
     }
     if (mode == Adding) {
-      detail::QueryResult stored = backend->InsertRow(base_table, names, values);
       std::vector<Variant> row(Width(), Variant::NullValue());
-      if (!stored.cells.empty()) {
-        for (std::size_t i = 0; i < stored.layout->Size(); ++i) {
-          int column = layout->Lookup(stored.layout->Columns()[i].name);
-          if (column >= 0) row[column] = stored.cells[i];
-        }
-      }
       mode = None;
       if (!fetched) {  // the rows, when read, will hold this one
+        inserting = backend->InsertRowAhead(base_table, names, values);
         inserted = std::move(row);
         return;
       }
+      StoredInto(row, backend->InsertRow(base_table, names, values));
       RowList& view = View();  // made before the new row joins the rows
       auto new_row = static_cast<std::uint32_t>(RowCount());
       Rows().cells.insert(Rows().cells.end(), row.begin(), row.end());
       if (!deleted.empty()) deleted.push_back(0);
       for (std::size_t i = 0; i < Rows().indexes.size(); ++i)
-        if (Rows().indexes[i]) Rows().indexes[i]->Add(Rows().cells[new_row * Width() + i], new_row);
+        if (Rows().indexes[i]) Rows().indexes[i]->Add(Rows().Data()[new_row * Width() + i], new_row);
       view.push_back(new_row);
       pos = static_cast<long>(view.size()) - 1;
     } else if (!names.empty()) {
-      Variant* row = inserted ? inserted->data() : &Rows().cells[static_cast<std::size_t>(View()[pos]) * Width()];
+      Variant* row = inserted ? InsertedRow().data() : &Rows().Data()[static_cast<std::size_t>(View()[pos]) * Width()];
       backend->UpdateRow(base_table, row[key_column], names, values);
       for (std::size_t i = 0; i < Width(); ++i) {
         if (!dirty[i]) continue;
@@ -516,7 +471,7 @@ void Recordset::Delete() {
   d.EnsureFetched();
   if (!d.HasRow()) d.Fail("no current row to delete", "the recordset is at EOF or BOF");
   std::uint32_t row = d.View()[d.pos];
-  d.backend->DeleteRow(d.base_table, d.Rows().cells[row * d.Width() + d.key_column]);
+  d.backend->DeleteRow(d.base_table, d.Rows().Data()[row * d.Width() + d.key_column]);
   if (d.deleted.empty()) d.deleted.assign(d.RowCount(), 0);
   d.deleted[row] = 1;
   d.View().erase(d.View().begin() + d.pos);
@@ -547,7 +502,7 @@ void Recordset::Find(std::string_view criteria) {
   auto node = d.ParsedFilter(criteria);
   long start = std::max(d.pos, 0L);
   for (long i = start; i < static_cast<long>(d.View().size()); ++i) {
-    if (detail::Evaluate(*node, &d.Rows().cells[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
+    if (detail::Evaluate(*node, &d.Rows().Data()[static_cast<std::size_t>(d.View()[i]) * d.Width()])) {
       d.pos = i;
       return;
     }
@@ -560,6 +515,7 @@ void Recordset::Requery() {
   d.RequireOpen();
   d.FlushPending();
   d.inserted.reset();
+  d.inserting = {};
   d.Load(d.backend->Query(d.sql));
   if (d.filter) d.filter = d.ParsedFilter(d.filter_text);
   d.ApplyFilter();
@@ -571,6 +527,7 @@ void Recordset::Close() {
   impl_->open = false;
   impl_->fetched = true;  // nothing more to read
   impl_->inserted.reset();
+  impl_->inserting = {};
   impl_->own.indexes.clear();
   impl_->backend->Recycle(std::move(impl_->own.cells));
   impl_->own.cells = {};

@@ -197,6 +197,32 @@ std::string_view CanonicalIdentifier(std::string_view name) {
   return found == names.end() ? name : std::string_view(found->second);
 }
 
+bool IsKeyedTable(std::string_view table) {
+  static const std::unordered_map<std::string, bool> tables = [] {
+    std::unordered_map<std::string, bool> map;
+    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
+      for (const SchemaTable& schema_table : SchemaTables(kind)) map.emplace(FoldCase(schema_table.name), schema_table.keyed);
+    return map;
+  }();
+  auto found = tables.find(FoldCase(table));
+  return found != tables.end() && found->second;
+}
+
+bool IsNumberColumn(std::string_view table, std::string_view column) {
+  static const std::unordered_map<std::string, bool> columns = [] {
+    std::unordered_map<std::string, bool> map;
+    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
+      for (const SchemaTable& schema_table : SchemaTables(kind)) {
+        if (schema_table.keyed) map.emplace(FoldCase(schema_table.name) + ".nr", true);
+        for (const SchemaColumn& schema_column : schema_table.columns)
+          if (schema_column.type != "text" && schema_column.type != "any")
+            map.emplace(FoldCase(schema_table.name) + "." + FoldCase(schema_column.name), true);
+      }
+    return map;
+  }();
+  return !table.empty() && columns.count(FoldCase(table) + "." + FoldCase(column)) > 0;
+}
+
 bool IsUntypedColumn(std::string_view table, std::string_view column) {
   static const std::unordered_map<std::string, bool> columns = [] {
     std::unordered_map<std::string, bool> map;

@@ -1,5 +1,6 @@
 #include "sql_dialect.h"
 
+#include <array>
 #include <cctype>
 #include <charconv>
 
@@ -351,18 +352,28 @@ std::string QuoteIdentifier(std::string_view name) {
 }
 
 bool IsGuidText(std::string_view text) {
-  // {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}
-  if (text.size() != 38 || text.front() != '{' || text.back() != '}') return false;
-  for (std::size_t i = 1; i < 37; ++i) {
-    char c = text[i];
-    bool dash = (i == 9 || i == 14 || i == 19 || i == 24);
-    const bool hex = IsDigit(static_cast<unsigned char>(c)) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
-    if (dash ? c != '-' : !hex) return false;
+  // {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}: checked against a pattern, a table
+  // of hex digits at hand (every statement of a load checks its keys so).
+  static constexpr std::string_view kPattern = "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}";
+  static const auto kHex = [] {
+    std::array<bool, 256> hex{};
+    for (const char c : std::string_view("0123456789abcdefABCDEF")) hex[static_cast<unsigned char>(c)] = true;
+    return hex;
+  }();
+  if (text.size() != kPattern.size()) return false;
+  for (std::size_t i = 0; i < kPattern.size(); ++i) {
+    const char c = text[i];
+    if (kPattern[i] == 'x' ? !kHex[static_cast<unsigned char>(c)] : c != kPattern[i]) return false;
   }
   return true;
 }
 
-std::string NormalizeGuid(std::string_view text) { return AsciiUpper(text); }
+std::string NormalizeGuid(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
+  return upper;
+}
 
 bool ParseDateLiteral(std::string_view inner, double& day_count) {
   inner = TrimBlanks(inner);
@@ -393,7 +404,119 @@ bool ParseDateLiteral(std::string_view inner, double& day_count) {
   return DateHelpers::Month(day_count) == month;
 }
 
-TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
+namespace {
+
+// The rows of one table come in the order of its autonumber where the statement
+// leaves it open: after its own ORDER BY terms (between rows that tie in them), or
+// as the whole order. Rows that tie so come in the order they were written, on
+// either store alike, and a statement asked for one key gives its rows in the
+// same order as one asked for many keys (the employee load reads ahead so).
+void AppendRowOrder(bool ordered, std::string& out) {
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  out += ordered ? ", \"Nr\"" : " ORDER BY \"Nr\"";
+}
+
+// The key of a statement asked for many keys: "[Column]=key" becomes a list of
+// keys, bound as one parameter. Joined (on SQLite), the comparison goes: the keys
+// join the table instead (see JoinKeys), and "1" stands in its place.
+void EmitKeyList(std::string_view jet_sql, SqlDialect dialect, std::size_t number, bool joined, std::string& out) {
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  if (out.empty() || out.back() != '=')
+    Refuse(jet_sql, "the key asked for many keys is not compared by '='");
+  out.pop_back();
+  if (joined) {
+    while (!out.empty() && out.back() == ' ') out.pop_back();
+    const std::size_t quoted = out.size() >= 2 && out.back() == '"' ? out.rfind('"', out.size() - 2) : std::string::npos;
+    if (quoted == std::string::npos) Refuse(jet_sql, "the key asked for many keys is no column");
+    out.erase(quoted);
+    out += "1";
+    return;
+  }
+  // A server plans the statement once for any number of keys: as a join with the
+  // keys, each found by the key's index (= ANY of an array has it compare each
+  // row with every key once the plan no longer knows how many there are).
+  out += dialect == SqlDialect::Postgres ? " IN (SELECT unnest($" + std::to_string(number) + "::text[]))"
+                                         : " IN (SELECT value FROM json_each(?))";
+}
+
+// The keys of a joined key list as the first table of the statement: "SELECT *
+// FROM T" reads the rows of T that join the keys of parameter `number`.
+void JoinKeys(std::string_view jet_sql, const std::string& table, const std::string& column, std::size_t number,
+              std::string& out) {
+  std::string quoted_table;
+  AppendQuotedIdentifier(quoted_table, CanonicalIdentifier(table));
+  const std::string from = "SELECT * FROM " + quoted_table;
+  if (out.compare(0, from.size(), from) != 0) Refuse(jet_sql, "the statement asked for many keys reads no one table");
+  std::string quoted_column;
+  AppendQuotedIdentifier(quoted_column, column);
+  out.replace(0, from.size(),
+              "SELECT " + quoted_table + ".* FROM json_each(?" + std::to_string(number) + ") AS \"ormelix_keys\" JOIN " +
+                  quoted_table + " ON " + quoted_table + "." + quoted_column + " = \"ormelix_keys\".value");
+}
+
+// The terms of a statement's top-level ORDER BY, when each is a number column
+// of the table ([Column] or [Column] ASC/DESC), then the row key; false for any
+// other order (a text, an expression), which the server then keeps.
+bool ClientOrderTerms(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant,
+                      const std::string& table, std::vector<OrderTerm>& terms) {
+  std::size_t s = 0;
+  int depth = 0;
+  for (; s + 1 < significant.size(); ++s) {
+    const Token& token = tokens[significant[s]];
+    if (token.type == Tok::Symbol && token.text == "(") ++depth;
+    if (token.type == Tok::Symbol && token.text == ")") --depth;
+    if (depth == 0 && token.type == Tok::Word && AsciiUpper(token.text) == "ORDER") break;
+  }
+  for (s += 2; s < significant.size();) {
+    const Token& column = tokens[significant[s]];
+    if (column.type != Tok::Bracket && column.type != Tok::Word) return false;
+    const std::string name(CanonicalIdentifier(column.text));
+    if (!IsNumberColumn(table, name)) return false;
+    OrderTerm term{name, false};
+    ++s;
+    if (s < significant.size() && tokens[significant[s]].type == Tok::Word) {
+      const std::string word = AsciiUpper(tokens[significant[s]].text);
+      if (word != "ASC" && word != "DESC") return false;
+      term.descending = word == "DESC";
+      ++s;
+    }
+    terms.push_back(std::move(term));
+    if (s < significant.size() && tokens[significant[s]].type == Tok::Semicolon) break;
+    if (s < significant.size() && !(tokens[significant[s]].type == Tok::Symbol && tokens[significant[s]].text == ","))
+      return false;
+    ++s;
+  }
+  if (!IsKeyedTable(table)) return false;
+  terms.push_back({"Nr", false});
+  return true;
+}
+
+// ClientOrderTerms, leaving TERMS empty unless the whole order is the client's.
+bool ClientOrder(const std::vector<Token>& tokens, const std::vector<std::size_t>& significant,
+                 const std::string& table, std::vector<OrderTerm>& terms) {
+  std::vector<OrderTerm> found;
+  if (!ClientOrderTerms(tokens, significant, table, found)) return false;
+  terms = std::move(found);
+  return true;
+}
+
+}  // namespace
+
+Variant KeyListValue(const std::vector<std::string>& keys, SqlDialect dialect) {
+  // A JSON array for SQLite's json_each, an array literal for PostgreSQL; the
+  // keys are IDs, which hold nothing either form would have to escape.
+  std::string list(1, dialect == SqlDialect::Postgres ? '{' : '[');
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (i) list += ',';
+    list += '"';
+    list += keys[i];
+    list += '"';
+  }
+  list += dialect == SqlDialect::Postgres ? '}' : ']';
+  return Variant(std::move(list));
+}
+
+TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect, const KeyListForm* key_list) {
   std::vector<Token> tokens = Tokenize(jet_sql);
   TranslatedSql result;
   Emitter emit{dialect, {}};
@@ -414,10 +537,17 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   // statements that differ only in a key share one prepared shape. Literals
   // elsewhere (select list, ORDER BY) stay in the text.
   bool bind = false;
+  // Joined, the key list's parameter comes first in the text: the parameters are
+  // numbered then.
+  const bool joined = key_list && key_list->joined && dialect == SqlDialect::Sqlite;
   auto literal = [&](Variant value, const std::string& text) {
-    if (bind) {
+    if (bind && key_list && result.params.size() == key_list->param) {
       result.params.push_back(std::move(value));
-      emit.out += dialect == SqlDialect::Postgres ? "$" + std::to_string(result.params.size()) : "?";
+      EmitKeyList(jet_sql, dialect, result.params.size(), joined, emit.out);
+    } else if (bind) {
+      result.params.push_back(std::move(value));
+      if (dialect == SqlDialect::Postgres) emit.out += "$" + std::to_string(result.params.size());
+      else emit.out += joined ? "?" + std::to_string(result.params.size()) : "?";
     } else {
       emit.out += text;
     }
@@ -426,8 +556,12 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
   CaseCalls case_calls{dialect};
 
   const Token* previous = nullptr;
+  int depth = 0;                           // of parentheses
+  std::size_t order_at = std::string::npos;  // where the terms of the top-level ORDER BY begin
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
+    if (token.type == Tok::Symbol && token.text == "(") ++depth;
+    if (token.type == Tok::Symbol && token.text == ")") --depth;
     switch (token.type) {
       case Tok::Space:
         emit.out += ' ';
@@ -497,6 +631,9 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
         case_calls.Symbol(token.text, emit.out);
         break;
     }
+    if (depth == 0 && token.type == Tok::Word && previous && previous->type == Tok::Word &&
+        AsciiUpper(previous->text) == "ORDER" && AsciiUpper(token.text) == "BY")
+      order_at = emit.out.size();
     if (token.type == Tok::Word) case_calls.Word(AsciiUpper(token.text));
     else if (token.type != Tok::Space && token.type != Tok::Symbol) case_calls.Word("");
     if (token.type != Tok::Space) previous = &token;
@@ -516,6 +653,46 @@ TranslatedSql TranslateSql(std::string_view jet_sql, SqlDialect dialect) {
                   tokens[significant[4]].type == Tok::Semicolon;
     if (plain && single) result.base_table = std::string(table.text);
   }
+  bool ordered = order_at != std::string::npos;
+  if (key_list && dialect == SqlDialect::Postgres && !result.base_table.empty() &&
+      ClientOrder(tokens, significant, result.base_table, result.client_order)) {
+    // The server gives the rows as they come; the client groups them by key and
+    // puts each key's rows in the statement's order.
+    if (ordered) {
+      const std::size_t order = emit.out.rfind("ORDER", order_at);
+      emit.out.erase(order == std::string::npos ? order_at : order);
+      while (!emit.out.empty() && emit.out.back() == ' ') emit.out.pop_back();
+    }
+    result.text = std::move(emit.out);
+    return result;
+  }
+  if (joined) {
+    if (result.base_table.empty()) Refuse(jet_sql, "the statement asked for many keys reads no one table");
+    JoinKeys(jet_sql, result.base_table, key_list->column, key_list->param + 1, emit.out);
+  } else if (key_list) {
+    // The rows of one key together, a key written in another case with them (the
+    // keys are IDs: on a server in lower case byte by byte, which it sorts far
+    // faster than in the store's text order), then in the statement's own order.
+    std::string term;
+    if (dialect == SqlDialect::Postgres) term += "lower(";
+    AppendQuotedIdentifier(term, key_list->column);
+    if (dialect == SqlDialect::Postgres) term += ") COLLATE \"C\"";
+    if (ordered) {
+      emit.out.insert(order_at, " " + term + ",");
+    } else {
+      while (!emit.out.empty() && emit.out.back() == ' ') emit.out.pop_back();
+      emit.out += " ORDER BY " + term;
+      ordered = true;
+    }
+  }
+  // SQLite gives the rows of a statement without an order as its index holds them,
+  // which for a key's rows is the order they were written in where the statement
+  // names every column of the index (as each key's statement of a load does); the
+  // order is left to it, so that it need not sort (a table of many rows per key,
+  // such as the values of a dated table, would be sorted for nothing). A server
+  // gives such rows in no order at all: there they are put in order.
+  const bool ties = ordered || key_list || dialect == SqlDialect::Postgres;
+  if (ties && !result.base_table.empty() && IsKeyedTable(result.base_table)) AppendRowOrder(ordered, emit.out);
   result.text = std::move(emit.out);
   return result;
 }

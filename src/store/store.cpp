@@ -1,6 +1,7 @@
 #include "ormelix/store/store.h"
 
 #include "backend.h"
+#include "read_ahead.h"
 #include "ormelix/error.h"
 #include "ormelix/text.h"
 
@@ -8,20 +9,39 @@ namespace ormelix {
 
 namespace detail {
 std::shared_ptr<Backend> BackendOf(const StoreSession& session) { return session.backend_; }
+std::uint64_t RoundTrips(const StoreSession& session) { return session.backend_->RoundTrips(); }
+void ExecuteAhead(StoreSession& session, std::string_view sql) {
+  if (!session.backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
+  session.DropReadRows();
+  session.backend_->ExecuteAhead(sql);
+}
 }  // namespace detail
 
-StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend) : backend_(std::move(backend)) {}
+StoreSession::StoreSession(std::shared_ptr<detail::Backend> backend)
+    : backend_(std::move(backend)), ahead_rows_(std::make_unique<detail::ReadAheadRows>()) {}
 
 StoreSession::~StoreSession() = default;
+
+void StoreSession::DropReadRows() {
+  shared_rows_.clear();
+  ahead_rows_->Clear();
+}
 
 std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, CursorTypeEnum cursor, LockTypeEnum lock) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
   std::string text(sql);
-  if (shared_depth_ == 0) return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
+  if (!ahead_rows_->Empty() && lock == adLockReadOnly) {
+    // Taken once: asked again, the statement runs.
+    if (std::shared_ptr<detail::RowSet> rows = ahead_rows_->Take(text))
+      return std::make_unique<Recordset>(backend_, std::move(text), std::move(rows));
+  }
+  if (shared_depth_ == 0 && ahead_rows_->Empty())
+    return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   if (lock != adLockReadOnly) {
-    shared_rows_.clear();  // writes may follow: what was read is read afresh after them
+    DropReadRows();  // writes may follow: what was read is read afresh after them
     return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   }
+  if (shared_depth_ == 0) return std::make_unique<Recordset>(backend_, std::move(text), cursor, lock);
   if (auto found = shared_rows_.find(text); found != shared_rows_.end())
     return std::make_unique<Recordset>(backend_, std::move(text), found->second);
   auto recordset = std::make_unique<Recordset>(backend_, text, cursor, lock);
@@ -31,7 +51,7 @@ std::unique_ptr<Recordset> StoreSession::OpenRecordset(std::string_view sql, Cur
 
 Variant StoreSession::ExecuteSql(std::string_view sql, bool) {
   if (!backend_->IsOpen()) throw StoreError("the store is closed", std::string(sql));
-  shared_rows_.clear();
+  DropReadRows();
   return Variant(static_cast<std::int64_t>(backend_->Execute(sql)));
 }
 
@@ -39,13 +59,13 @@ bool StoreSession::IsOpen() const { return backend_->IsOpen(); }
 
 void StoreSession::OpenStore(const std::string& path, const std::string& connect) {
   write_depth_ = 0;
-  shared_rows_.clear();
+  DropReadRows();
   backend_->Open(path, connect);
 }
 
 void StoreSession::CloseStore() {
   write_depth_ = 0;  // closing drops an open transaction
-  shared_rows_.clear();
+  DropReadRows();
   backend_->Close();
 }
 
@@ -53,12 +73,12 @@ std::string StoreSession::StorePath() const { return backend_->Path(); }
 
 std::string StoreSession::StoreConnect() const { return backend_->Connect(); }
 
-StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind)
+StoreWriteTransaction::StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind, Locking locking)
     : session_(session), on_unwind_(on_unwind) {
   if (!session_.backend_->IsOpen()) throw StoreError("the store is closed", "write transaction");
   outermost_ = session_.write_depth_ == 0;
-  session_.shared_rows_.clear();  // reads after the writes read afresh
-  if (outermost_) session_.backend_->BeginWrite();
+  session_.DropReadRows();  // reads after the writes read afresh
+  if (outermost_) session_.backend_->BeginWrite({locking == LockAtOnce, on_unwind == KeepWritten});
   ++session_.write_depth_;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -39,6 +40,18 @@ class clsMitarbeiter {
   /// the rows in all, so that a host can show how far a long load has come. An
   /// empty function (the default) is not called.
   void SetProgress(std::function<void(long done, long total)> progress) { progress_ = std::move(progress); }
+
+  /// How many employees Load reads ahead together: their rows of each table in
+  /// one statement (on a server, all tables at once: two waits for the server per
+  /// so many employees instead of some thirty per employee), held until each
+  /// employee is loaded from them and gone when Load returns.
+  ///
+  /// The default, kReadAheadOfTheStore, takes as many as suit the store (a
+  /// thousand on a server, a hundred on SQLite); 0 reads each employee's rows on
+  /// their own. The loaded list is the same either way.
+  void SetReadAhead(std::size_t employees) { read_ahead_ = employees; }
+  /// SetReadAhead's default: as many employees as suit the store.
+  static constexpr std::size_t kReadAheadOfTheStore = static_cast<std::size_t>(-1);
 
   /// Reads the flagged tables (eUpdateConstants, 0: all) of every employee again
   /// (LLohn::Refresh).
@@ -94,6 +107,7 @@ class clsMitarbeiter {
 
   ManagerRef manager_;
   std::function<void(long, long)> progress_;
+  std::size_t read_ahead_ = kReadAheadOfTheStore;
   Collection<LLohn> entries_;
   std::shared_ptr<LLohn> empty_employee_;
 };

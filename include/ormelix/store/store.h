@@ -5,10 +5,13 @@
 /// distinct text into the backend's dialect.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "ormelix/store/recordset.h"
 #include "ormelix/store/variant.h"
@@ -19,7 +22,15 @@ class StoreSession;
 
 namespace detail {
 class Backend;
+struct ReadAheadRows;
 std::shared_ptr<Backend> BackendOf(const StoreSession& session);
+// The times the session's connection has waited for its server's answers (one
+// per pipeline of statements), for benchmarks and tests; 0 for an SQLite store.
+std::uint64_t RoundTrips(const StoreSession& session);
+// Runs an action statement whose count of rows is not wanted: within a write
+// transaction a store on a server sends it with the next statement that waits
+// for an answer, and a failure of it is raised there, naming it.
+void ExecuteAhead(StoreSession& session, std::string_view sql);
 }  // namespace detail
 
 /// \brief An open store that runs statements: the SQL of the domain in, recordsets
@@ -62,13 +73,21 @@ class StoreSession {
   friend class StoreWriteTransaction;
   friend class StoreReadSnapshot;
   friend class StoreSharedReads;
+  friend class StoreReadAhead;
   friend std::shared_ptr<detail::Backend> detail::BackendOf(const StoreSession& session);
+  friend std::uint64_t detail::RoundTrips(const StoreSession& session);
+  friend void detail::ExecuteAhead(StoreSession& session, std::string_view sql);
   std::shared_ptr<detail::Backend> backend_;
   int write_depth_ = 0;  ///< open StoreWriteTransaction scopes
   int read_depth_ = 0;   ///< open StoreReadSnapshot scopes
   int shared_depth_ = 0;  ///< open StoreSharedReads scopes
   /// The rows read in the open StoreSharedReads scopes, by statement text.
   std::unordered_map<std::string, std::shared_ptr<detail::RowSet>> shared_rows_;
+  int ahead_depth_ = 0;  // open StoreReadAhead scopes
+  // The rows read ahead for statements not yet run: each answers its statement once.
+  std::unique_ptr<detail::ReadAheadRows> ahead_rows_;
+  // What a write makes stale: the rows shared and read ahead.
+  void DropReadRows();
 };
 
 /// Reads of one scope see one state of the store: a load of many employees reads
@@ -112,6 +131,69 @@ class StoreSharedReads {
   StoreSession* session_;
 };
 
+/// \brief Answers many per-key statements from one read each: the rows of every
+/// key, read ahead together.
+///
+/// Within its scope a routine that runs one statement for each of many keys (the
+/// pay rows of each employee of a list, the entitlements of each child) is answered
+/// from one read per statement for all the keys, taken by Read beforehand: a
+/// statement read ahead so gives its recordset exactly the rows, in exactly the
+/// order, that running it would give (the rows of one key that tie in its ORDER BY
+/// come in the order they were written, as the statement gives them). On a store
+/// one network away that is one wait for the server per Read instead of one per
+/// key and statement; on SQLite it saves the statements' own work. The scope holds
+/// a read snapshot, so what was read ahead is what a new read would give; a write
+/// within it drops what was read ahead, and so does the scope's end: the rows are
+/// held only while the scope is open. A key that is no ID ({...}) is left to its
+/// statement. clsMitarbeiter::Load reads through one.
+class StoreReadAhead {
+ public:
+  /// A statement that a routine runs for one key at a time.
+  struct Statement {
+    /// Its text for a key, exactly as the routine makes it (the key, as the routine
+    /// hands it in, standing in it once, as "[Column]=" and the key's literal).
+    std::function<std::string(const std::string& key)> text;
+    /// The column the key is compared with.
+    std::string key_column;
+    /// The keys to read ahead for.
+    std::vector<std::string> keys;
+    /// Few rows per key (most keys none or one: the short-time row of a pay row)
+    /// tells a store to read by the keys one by one rather than through an index of
+    /// them; it reads the same rows either way.
+    bool few_rows_per_key = false;
+  };
+
+  /// Opens the scope and its read snapshot; nothing happens for a closed store (or none).
+  explicit StoreReadAhead(StoreSession* session);
+  /// Drops whatever was read ahead and not asked for.
+  ~StoreReadAhead();
+  StoreReadAhead(const StoreReadAhead&) = delete;
+  StoreReadAhead& operator=(const StoreReadAhead&) = delete;
+
+  /// Reads the rows of every statement for all its keys, one statement per
+  /// statement (a store on a server gets them together and answers them together),
+  /// and keeps them to answer the statements, beside what was read ahead before and
+  /// not yet asked for. A statement whose text does not take its keys so is left to
+  /// run on its own. Reads the store.
+  void Read(std::vector<Statement> statements);
+
+  /// How many keys a Read best takes at a time on this store (1 for none): a
+  /// hundred on SQLite (their rows stay in the processor's cache until taken), a
+  /// thousand on a server (each Read waits for it).
+  std::size_t KeysPerRead() const;
+
+  /// The values (as text) of a column of the rows read ahead for statement
+  /// (by position in the last Read), of the rows that match criteria (a filter
+  /// text as Recordset::Filter takes it; "" for all), in the order read: the keys
+  /// of statements that depend on these rows.
+  std::vector<std::string> Values(std::size_t statement, std::string_view column, std::string_view criteria = "") const;
+
+ private:
+  StoreReadSnapshot snapshot_;
+  StoreSession* session_;
+  std::vector<std::vector<std::shared_ptr<detail::RowSet>>> read_;  // per statement of the last Read: its key's rows
+};
+
 /// One write transaction of a session: what is read and written between its start
 /// and Commit holds together, and another program's writes cannot come between
 /// (a save that looks for its row and then inserts or changes it gives one row,
@@ -133,10 +215,21 @@ class StoreWriteTransaction {
     RollBack,    ///< undo them
     KeepWritten  ///< keep them, as the library's own saves do
   };
+  /// When the store's write lock is taken. A store on a server sends a lock taken
+  /// with the first statement together with that statement, so that a save that
+  /// begins by reading its row waits for the server once instead of twice; a lock
+  /// that cannot be had then fails that statement instead of the constructor. (An
+  /// SQLite store takes it at once either way.)
+  enum Locking {
+    LockAtOnce,             ///< in the constructor
+    LockWithFirstStatement  ///< with the transaction's first statement
+  };
 
-  /// Takes the store's write lock; StoreError when the store is read-only, locked by
-  /// another program longer than the busy timeout, or has moved or gone.
-  explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack);
+  /// Takes the store's write lock (or readies it, LockWithFirstStatement); StoreError
+  /// when the store is read-only, locked by another program longer than the busy
+  /// timeout, or has moved or gone.
+  explicit StoreWriteTransaction(StoreSession& session, OnUnwind on_unwind = RollBack,
+                                 Locking locking = LockAtOnce);
   ~StoreWriteTransaction();
   StoreWriteTransaction(const StoreWriteTransaction&) = delete;
   StoreWriteTransaction& operator=(const StoreWriteTransaction&) = delete;

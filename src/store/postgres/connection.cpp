@@ -1,6 +1,7 @@
 #include "connection.h"
 
 #include "../sql_dialect.h"
+#include "wire.h"
 #include "ormelix/error.h"
 #include "ormelix/store/location.h"
 #include "ormelix/text.h"
@@ -37,14 +38,17 @@ ConnectionHandle Open(const std::string& conninfo) {
   return conn;
 }
 
-ResultHandle Run(PGconn* conn, const std::string& sql, const Server& server) {
-  ResultHandle result(PQexec(conn, sql.c_str()));
+// A statement of the setting-up, its wait bounded by the statement timeout.
+ResultHandle Run(PGconn* conn, const std::string& sql, const Server& server, int timeout_ms) {
+  Wire wire;
+  wire.Attach(conn, &server, timeout_ms);
+  ResultHandle result = wire.Exec(sql);
   if (Failed(result.get())) ThrowRefused("statement refused by the store", sql, conn, result.get(), server);
   return result;
 }
 
-bool Exists(PGconn* conn, const std::string& sql, const Server& server) {
-  return PQntuples(Run(conn, sql, server).get()) > 0;
+bool Exists(PGconn* conn, const std::string& sql, const Server& server, int timeout_ms) {
+  return PQntuples(Run(conn, sql, server, timeout_ms).get()) > 0;
 }
 
 // A new store's database, made through the maintenance database as createdb does.
@@ -58,7 +62,9 @@ void CreateDatabase(const Server& server, PGconn* refused) {
   if (PQstatus(admin.get()) != CONNECTION_OK) ThrowCannotOpen(server, admin.get());
   std::string sql = "CREATE DATABASE " + QuoteIdentifier(name) +
                     " TEMPLATE template0 ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C'";
-  ResultHandle result(PQexec(admin.get(), sql.c_str()));
+  Wire wire;
+  wire.Attach(admin.get(), &server, 60000);
+  ResultHandle result = wire.Exec(sql);
   const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
   // Two programs making it at once: the second learns of the first as 42P04, or,
   // when both got past the check, as the unique key of the catalogue (23505).
@@ -72,6 +78,10 @@ void CreateDatabase(const Server& server, PGconn* refused) {
 Server Server::Of(const std::string& location) {
   Server server;
   server.conninfo = WithLocationParameter(location, "schema", "");  // the schema parameter is the library's own
+  // A server (or a network between) that never answers must not hold the
+  // program forever: libpq waits without end unless told otherwise.
+  if (LocationParameter(location, "connect_timeout").empty())
+    server.conninfo = WithLocationParameter(server.conninfo, "connect_timeout", "10");
   server.schema = LocationParameter(location, "schema");
   server.shown = ShownLocation(location);
   server.password = LocationParameter(location, "password");
@@ -100,14 +110,15 @@ ConnectionHandle Connect(const Server& server, const SessionSettings& settings, 
     conn = Open(server.conninfo);
     if (PQstatus(conn.get()) != CONNECTION_OK) ThrowCannotOpen(server, conn.get());
   }
+  const int timeout = settings.statement_timeout_ms;
   if (create && !server.schema.empty())
-    Run(conn.get(), "CREATE SCHEMA IF NOT EXISTS " + QuoteIdentifier(server.schema), server);
+    Run(conn.get(), "CREATE SCHEMA IF NOT EXISTS " + QuoteIdentifier(server.schema), server, timeout);
   SetUpSession(conn.get(), server, settings);
-  if (!Exists(conn.get(), "SELECT current_schema() WHERE current_schema() IS NOT NULL", server))
+  if (!Exists(conn.get(), "SELECT current_schema() WHERE current_schema() IS NOT NULL", server, timeout))
     throw StoreError("cannot open store", server.shown,
                      "the database has no schema " + (server.schema.empty() ? "on its search path" : server.schema) +
                          " (server " + server.shown + ")");
-  if (create && Exists(conn.get(), "SELECT 1 FROM pg_tables WHERE schemaname = current_schema()", server))
+  if (create && Exists(conn.get(), "SELECT 1 FROM pg_tables WHERE schemaname = current_schema()", server, timeout))
     throw StoreError("cannot create store", server.shown,
                      "the schema " + std::string(server.schema.empty() ? "of the database" : server.schema) +
                          " holds tables already (server " + server.shown + ")");
@@ -116,10 +127,11 @@ ConnectionHandle Connect(const Server& server, const SessionSettings& settings, 
 
 void SetUpSession(PGconn* conn, const Server& server, const SessionSettings& settings) {
   std::string sql = "SET client_encoding TO 'UTF8'; SET lock_timeout TO " +
-                    std::to_string(settings.lock_timeout_ms) + ";";
+                    std::to_string(settings.lock_timeout_ms) + "; SET statement_timeout TO " +
+                    std::to_string(settings.statement_timeout_ms) + ";";
   if (!server.schema.empty()) sql += " SET search_path TO " + QuoteIdentifier(server.schema) + ";";
   if (settings.read_only) sql += " SET default_transaction_read_only TO on;";
-  Run(conn, sql, server);
+  Run(conn, sql, server, settings.statement_timeout_ms);
 }
 
 bool Failed(const PGresult* result) {

@@ -13,7 +13,7 @@ namespace ormelix::detail::postgres {
 
 // What the library knows of the server of a store.
 struct Server {
-  std::string conninfo;  // for libpq: the location without the schema parameter
+  std::string conninfo;  // for libpq: the location without the schema parameter, with a connect timeout
   std::string schema;    // "" for the server's search path
   std::string shown;     // the location without its password, for messages
   std::string password;  // the password the location holds, to keep out of messages
@@ -26,6 +26,7 @@ struct Server {
 struct SessionSettings {
   bool read_only = false;
   int lock_timeout_ms = 5000;
+  int statement_timeout_ms = 60000;  // also the longest wait for any answer
 };
 
 // Opens a connection and sets the session up. With create, a database that does
@@ -34,7 +35,7 @@ struct SessionSettings {
 ConnectionHandle Connect(const Server& server, const SessionSettings& settings, bool create);
 
 // Sets up (again, after a reset) what every connection of the library has: UTF-8,
-// the store's schema, read-only, the lock timeout.
+// the store's schema, read-only, the lock and statement timeouts.
 void SetUpSession(PGconn* conn, const Server& server, const SessionSettings& settings);
 
 // The failure of a statement: the server's message and SQLSTATE (or, for a lost
