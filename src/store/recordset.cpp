@@ -86,6 +86,14 @@ struct Recordset::Impl {
     throw StoreError(what, sql, detail);
   }
 
+  // A position a host passes in (Fields(i), FieldName(i)) is checked: reading past
+  // the last column would read another row's cells or beyond the rows.
+  void RequireColumn(int column) const {
+    if (column < 0 || column >= static_cast<int>(Width()))
+      Fail("no such column", "position " + std::to_string(column) + " of " + std::to_string(Width()) +
+                                 " columns (counted from 0)");
+  }
+
   void RequireOpen() const {
     if (!open) Fail("the recordset is closed");
   }
@@ -410,11 +418,20 @@ int Recordset::FindFieldIndex(std::string_view name) const {
 
 int Recordset::FieldCount() const { return static_cast<int>(impl_->Width()); }
 
-const std::string& Recordset::FieldName(int index) const { return impl_->layout->Columns().at(index).name; }
+const std::string& Recordset::FieldName(int index) const {
+  impl_->RequireColumn(index);
+  return impl_->layout->Columns()[static_cast<std::size_t>(index)].name;
+}
 
-const std::string& Recordset::FieldTable(int index) const { return impl_->layout->Columns().at(index).table; }
+const std::string& Recordset::FieldTable(int index) const {
+  impl_->RequireColumn(index);
+  return impl_->layout->Columns()[static_cast<std::size_t>(index)].table;
+}
 
-const Variant* Recordset::CurrentCell(int column) const { return impl_->Cell(column); }
+const Variant* Recordset::CurrentCell(int column) const {
+  impl_->RequireColumn(column);
+  return impl_->Cell(column);
+}
 
 const Variant* Recordset::CurrentRow() const {
   if (impl_->mode != Impl::None) return impl_->edit_row.data();
@@ -427,7 +444,7 @@ void Recordset::Collect(int index, const Variant& value) {
   Impl& d = *impl_;
   d.RequireOpen();
   d.RequireWritable();
-  if (index < 0 || index >= static_cast<int>(d.Width())) d.Fail("no such column", std::to_string(index));
+  d.RequireColumn(index);
   if (index == d.key_column)
     throw StoreError("the column is filled by the store", d.Column(index).name, "it cannot be written: " + d.sql);
   if (d.mode == Impl::None) {

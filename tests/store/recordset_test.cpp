@@ -117,6 +117,32 @@ TEST_F(RecordsetTest, AFilterThatCannotBeParsedNamesTheFilter) {
   EXPECT_FALSE(rs->Eof());
 }
 
+TEST_F(RecordsetTest, AColumnPositionOutsideTheRowIsRefusedNamingIt) {
+  AddPayRows();
+  auto rs = db->Session().OpenRecordset("SELECT [Zeitraum], [Gehalt] FROM [Mitarbeiter_Lohnzettel]");
+  EXPECT_EQ(rs->FieldName(1), "Gehalt");
+  EXPECT_NO_THROW(rs->Fields(1).Value());
+  // Positions a host computes wrongly: before the first column, one past the last, far out.
+  for (int bad : {-1, 2, 1000}) {
+    const std::string position = "position " + std::to_string(bad) + " of 2 columns";
+    auto refused = [&](auto&& call) {
+      try {
+        call();
+        ADD_FAILURE() << bad;
+      } catch (const StoreError& error) {
+        EXPECT_NE(std::string(error.what()).find(position), std::string::npos) << error.what();
+      }
+    };
+    refused([&] { rs->Fields(bad).Value(); });
+    refused([&] { rs->Fields(bad).Peek(); });
+    refused([&] { rs->FieldName(bad); });
+    refused([&] { rs->FieldTable(bad); });
+  }
+  rs->MoveLast();
+  rs->MoveNext();  // at EOF the position is still checked first
+  EXPECT_THROW(rs->Fields(7).ValueOrEmpty(), StoreError);
+}
+
 TEST_F(RecordsetTest, FindSeeksForwardFromTheCurrentRow) {
   AddPayRows();
   auto rs = PayRows();

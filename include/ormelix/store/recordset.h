@@ -107,7 +107,8 @@ class Recordset {
 
   /// Fields, by name without regard to case ("Name", "name", "Mandanten_Beitragskonten.ID").
   Field Fields(std::string_view name) const;
-  /// The field at a column position, from 0.
+  /// The field at a column position, from 0; reading it fails (StoreError "no such
+  /// column") for a position outside 0 to FieldCount() - 1.
   Field Fields(int index) const { return Field(this, index); }
   /// The index of a column, for repeated reads; StoreError for an unknown name.
   int FieldIndex(std::string_view name) const;
@@ -115,9 +116,9 @@ class Recordset {
   int FindFieldIndex(std::string_view name) const;
   /// The number of columns.
   int FieldCount() const;
-  /// The name of the column at a position, from 0.
+  /// The name of the column at a position, from 0; StoreError outside the columns.
   const std::string& FieldName(int index) const;
-  /// The table a column comes from ("" for an expression).
+  /// The table a column comes from ("" for an expression); StoreError outside the columns.
   const std::string& FieldTable(int index) const;
 
   /// Sets a column of the current or new row; written by the next Update.
