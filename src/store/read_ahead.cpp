@@ -68,10 +68,9 @@ std::size_t GroupOf(const Asked& asked, const std::string& key, std::string& upp
   return kNoGroup;
 }
 
-// Two cells of a number column in a server's order: numbers ascending (NaN above
-// all), Null after them ascending and before them descending.
+// Two cells of a number column in a server's order: ascending, numbers first (NaN
+// above all of them) and Null above every number; descending is the exact reverse.
 int CompareForOrder(const Variant& a, const Variant& b, bool descending) {
-  // Ascending, Null above every number; descending is the exact reverse.
   const bool a_null = a.IsMissing();
   const bool b_null = b.IsMissing();
   int order = 0;

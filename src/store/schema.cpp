@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <sstream>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "backend.h"
 #include "ormelix/error.h"
@@ -208,32 +210,43 @@ bool IsKeyedTable(std::string_view table) {
   return found != tables.end() && found->second;
 }
 
+namespace {
+
+// "table.column" (folded) of every column of either store's schema that passes keep.
+using ColumnNames = std::unordered_set<std::string>;
+ColumnNames SchemaColumnsWhere(const std::function<bool(const SchemaTable&, const SchemaColumn&)>& keep) {
+  ColumnNames names;
+  for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
+    for (const SchemaTable& schema_table : SchemaTables(kind))
+      for (const SchemaColumn& schema_column : schema_table.columns)
+        if (keep(schema_table, schema_column))
+          names.insert(FoldCase(schema_table.name) + "." + FoldCase(schema_column.name));
+  return names;
+}
+
+bool Holds(const ColumnNames& names, std::string_view table, std::string_view column) {
+  return !table.empty() && names.count(FoldCase(table) + "." + FoldCase(column)) > 0;
+}
+
+}  // namespace
+
 bool IsNumberColumn(std::string_view table, std::string_view column) {
-  static const std::unordered_map<std::string, bool> columns = [] {
-    std::unordered_map<std::string, bool> map;
+  static const ColumnNames columns = [] {
+    ColumnNames names = SchemaColumnsWhere([](const SchemaTable&, const SchemaColumn& schema_column) {
+      return schema_column.type != "text" && schema_column.type != "any";
+    });
     for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
-      for (const SchemaTable& schema_table : SchemaTables(kind)) {
-        if (schema_table.keyed) map.emplace(FoldCase(schema_table.name) + ".nr", true);
-        for (const SchemaColumn& schema_column : schema_table.columns)
-          if (schema_column.type != "text" && schema_column.type != "any")
-            map.emplace(FoldCase(schema_table.name) + "." + FoldCase(schema_column.name), true);
-      }
-    return map;
+      for (const SchemaTable& schema_table : SchemaTables(kind))
+        if (schema_table.keyed) names.insert(FoldCase(schema_table.name) + ".nr");
+    return names;
   }();
-  return !table.empty() && columns.count(FoldCase(table) + "." + FoldCase(column)) > 0;
+  return Holds(columns, table, column);
 }
 
 bool IsUntypedColumn(std::string_view table, std::string_view column) {
-  static const std::unordered_map<std::string, bool> columns = [] {
-    std::unordered_map<std::string, bool> map;
-    for (StoreKind kind : {StoreKind::Payroll, StoreKind::Reference})
-      for (const SchemaTable& schema_table : SchemaTables(kind))
-        for (const SchemaColumn& schema_column : schema_table.columns)
-          if (schema_column.type == "any") map.emplace(FoldCase(schema_table.name) + "." + FoldCase(schema_column.name), true);
-    return map;
-  }();
-  if (columns.empty() || table.empty()) return false;
-  return columns.count(FoldCase(table) + "." + FoldCase(column)) > 0;
+  static const ColumnNames columns = SchemaColumnsWhere(
+      [](const SchemaTable&, const SchemaColumn& schema_column) { return schema_column.type == "any"; });
+  return Holds(columns, table, column);
 }
 
 }  // namespace detail

@@ -104,27 +104,30 @@ void Wire::Sync(std::string_view subject, const std::function<void(Answer&)>& an
   if (!synced || !PQexitPipelineMode(conn_)) Lost(subject);
 }
 
-ResultHandle Wire::Exec(const std::string& script) {
-  Sync(script);
+void Wire::SendSimple(const std::string& text) {
+  Sync(text);
   ++round_trips_;
   deadline_ = NowMs() + timeout_ms_;
-  if (!PQsendQuery(conn_, script.c_str())) Lost(script);
-  Flush(script);
-  // As PQexec: the last result, or the first failure (the server runs nothing after it).
+  if (!PQsendQuery(conn_, text.c_str())) Lost(text);
+  Flush(text);
+}
+
+ResultHandle Wire::LastResult(std::string_view subject) {
   ResultHandle kept;
-  for (PGresult* result; (result = NextResult(script)) != nullptr;) {
+  for (PGresult* result; (result = NextResult(subject)) != nullptr;) {
     if (kept && PQresultStatus(kept.get()) == PGRES_FATAL_ERROR) PQclear(result);
     else kept = ResultHandle(result);
   }
   return kept;
 }
 
+ResultHandle Wire::Exec(const std::string& script) {
+  SendSimple(script);
+  return LastResult(script);
+}
+
 ResultHandle Wire::Copy(const std::string& statement, const std::function<bool(std::string& chunk)>& next) {
-  Sync(statement);
-  ++round_trips_;
-  deadline_ = NowMs() + timeout_ms_;
-  if (!PQsendQuery(conn_, statement.c_str())) Lost(statement);
-  Flush(statement);
+  SendSimple(statement);
   ResultHandle start(NextResult(statement));
   if (!start || PQresultStatus(start.get()) != PGRES_COPY_IN) {
     Drain();
@@ -148,12 +151,7 @@ ResultHandle Wire::Copy(const std::string& statement, const std::function<bool(s
     WaitFor(POLLOUT, statement);
   }
   Flush(statement);
-  ResultHandle kept;
-  for (PGresult* result; (result = NextResult(statement)) != nullptr;) {
-    if (kept && PQresultStatus(kept.get()) == PGRES_FATAL_ERROR) PQclear(result);
-    else kept = ResultHandle(result);
-  }
-  return kept;
+  return LastResult(statement);
 }
 
 void Wire::Push(std::string_view subject) {

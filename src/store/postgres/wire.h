@@ -76,6 +76,10 @@ class Wire {
   [[noreturn]] void TimedOut(std::string_view subject);
   [[noreturn]] void Lost(std::string_view subject);
   void Drain();
+  // The simple protocol's start: the pending commands answered, then text sent.
+  void SendSimple(const std::string& text);
+  // As PQexec: the last result, or the first failure (the server runs nothing after it).
+  ResultHandle LastResult(std::string_view subject);
 
   PGconn* conn_ = nullptr;
   const Server* server_ = nullptr;
